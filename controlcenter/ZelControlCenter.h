@@ -1,0 +1,188 @@
+#pragma once
+
+#include "ZelControlCenterExport.h"
+#include "ZelSettingsTypes.h"
+
+#include <QElapsedTimer>
+#include <QMap>
+#include <QString>
+#include <QWidget>
+
+#include <memory>
+#include <vector>
+
+class QButtonGroup;
+class QColor;
+class QFrame;
+class QPropertyAnimation;
+class QPushButton;
+class QSettings;
+class QSignalMapper;
+
+namespace Ui {
+class ControlCenter;
+}
+
+namespace zel {
+
+class kqDMIApplication;
+class zelAction;
+class ZelCCActionItem;
+class ZelSettingsPanel;
+
+// The side panel that a host embeds beside its 3D view: a menu column of action
+// buttons and a sliding drawer that stacks the registered settings pages.
+//
+// The class also owns the process-wide registry of Settings.ini keys, their
+// defaults and validators, and the validation pass over a QSettings. That half is
+// static and usable before any widget exists (see settings/).
+class ZEL_CONTROLCENTER_EXPORT ZelControlCenter : public QWidget
+{
+    Q_OBJECT
+    Q_PROPERTY(int controlCenterWidth READ controlCenterWidth WRITE setControlCenterWidth)
+    Q_PROPERTY(int settingsWidth READ settingsWidth WRITE setSettingsWidth)
+
+public:
+    // ---- Setting registry and validation pass -------------------------------------
+
+    // Adds `key` with its default and validator; false (and nothing changed) when the
+    // key is already registered: the first registration wins.
+    static bool RegisterSetting(const QString& key, const QString& defaultValue, SettingValidator validator);
+    // The registered default, or a null QString for an unknown key.
+    static QString GetDefaultSettingsValue(const QString& key);
+    static const SettingsRegistry& GetDefaultSettingsValues();
+    // Empties the registry; the end checks stay.
+    static void ClearSettingsValues();
+    // Appends `check`; false when that very function is already registered.
+    static bool RegisterEndCheckFunction(SettingEndCheck check);
+    // Reads, validates and writes back every registered key in key order, syncs, then
+    // runs the end checks. On false, `error` holds the failing validator's text.
+    static bool EnsureSettings(QSettings& settings, QString& error);
+    // Registers the library's own keys; folders are derived from `applicationName`.
+    static void InitDefaultSettingsValues(const QString& applicationName);
+    // Every "\" becomes "/", then one trailing "/" is dropped.
+    static void CleanupFolder(QString& path);
+    // Releases the library's compiled-in images before the library unloads.
+    static void CleanupRessources();
+
+    // ---- Validators (signature of SettingValidator) -------------------------------
+    static bool noOp(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureSettingsVersion(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureBool(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureEngine(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureLogLevel(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensurePositiveInteger(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensurePortValue(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureCacheSize(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureSimplificationRAM(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureSimplificationThreads(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureCoreNumber(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureTesselationMaxFaceAngle(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureTesselationMaxFaceLength(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureTesselationMaxFaceSag(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureLODTrianglesCap(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureMaxGPUMemory(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureMaxCPUMemoryRaytracer(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureMaxCPUMemory3D(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureRaytracerQuality(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureSceneUnit(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureIpOrHostName(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureSimplificationRatios(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureFile(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureDMCacheFolder(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureTmpFolder(const QString& key, const QString& defaultValue, QString& value, QString& error);
+
+    // ---- The side panel -----------------------------------------------------------
+
+    // `application` is required and must outlive the control center.
+    explicit ZelControlCenter(kqDMIApplication* application, QWidget* parent = nullptr,
+                              Qt::WindowFlags flags = {});
+    ~ZelControlCenter() override;
+
+    // Stacks `panel` in the drawer and adds its page button; the caller keeps ownership.
+    void registerSettingsPanel(ZelSettingsPanel* panel);
+    // Takes `panel` out again and re-parents it (and its button) to none.
+    void unregisterSettingsPanel(ZelSettingsPanel* panel, bool reevaluate);
+    const std::vector<ZelSettingsPanel*>& settingsPanels() const;
+
+    bool isMenuOpen() const;
+    bool isSettingsOpen() const;
+    bool hasModifications() const;
+    // Applies every page; true when one of them needs a restart.
+    bool applyModifications();
+
+    void setGUIHandler(QWidget* handler);
+    void setControlCenterButton(QPushButton* button);
+    QWidget* settingsWidget() const;
+
+    int controlCenterWidth() const;
+    void setControlCenterWidth(int width);
+    int settingsWidth() const;
+    void setSettingsWidth(int width);
+
+    // Mirrors `action` as a button of the menu column, placed relative to the action
+    // named `anchorName` (top of the column when empty, bottom when not found).
+    void registerCCAction(zelAction* action, const QString& anchorName, bool isWorkflowSpecific, bool after,
+                          bool closeMenuOnTrigger);
+    void unregisterCCAction(zelAction* action);
+    // Adds a thin line before the action named `anchorName`; false if the name is taken.
+    bool addCCSeparator(const QString& anchorName, const QString& separatorName);
+    bool setCCSeparatorVisible(const QString& separatorName, bool visible);
+
+    // Tints the menu column and gives the external control center button its icons.
+    void setInterfaceColor(const QColor& color, const QString& iconOnFile, const QString& iconOffFile);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+public Q_SLOTS:
+    void openMenu(bool open);
+    void setControlCenterVisible(bool visible);
+    void openSettings();
+
+protected Q_SLOTS:
+    void on_applyButton_clicked();
+    void on_resetButton_clicked();
+    void onPanelClicked(const QString& pPanelName);
+    void onStateChanged();
+    void onControlCenterWidthFinished();
+    void onSettingsWidthFinished();
+    void onScrollBarValueChanged(int value);
+    void closeMenu();
+
+protected:
+    void openSettingsPanel(bool open);
+    void ensureSettingVisible(QWidget* widget);
+    void resetControlCenter();
+
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    Q_DISABLE_COPY_MOVE(ZelControlCenter)
+
+    static bool ensureFolder(const QString& defaultValue, QString& value);
+
+    // Asks before pending edits are dropped (only inside the viewer); true to go on.
+    bool confirmDiscard();
+    void initializePanels();
+    int actionItemIndex(const QString& anchorName) const;
+
+    std::unique_ptr<Ui::ControlCenter> m_ui;
+    std::unique_ptr<zelAction> m_settingsAction;
+    std::vector<ZelSettingsPanel*> m_panels;
+    std::vector<ZelCCActionItem*> m_actionItems;
+    QMap<QString, QFrame*> m_separators;
+    QElapsedTimer m_clickTimer;
+    QWidget* m_guiHandler = nullptr;
+    kqDMIApplication* m_application = nullptr;
+    QSignalMapper* m_pageMapper = nullptr;
+    QPushButton* m_controlCenterButton = nullptr;
+    QButtonGroup* m_pageGroup = nullptr;
+    QPropertyAnimation* m_widthAnimation = nullptr;
+    QPropertyAnimation* m_settingsAnimation = nullptr;
+    QPropertyAnimation* m_scrollAnimation = nullptr;
+    bool m_menuOpen = false;
+    bool m_settingsOpen = false;
+};
+
+} // namespace zel
