@@ -4,12 +4,12 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
 class QQmlEngine;
 class QSettings;
-class QStringList;
 class QUrl;
 class QWidget;
 
@@ -125,7 +125,7 @@ public:
 
     // The style sheet registered under `name` (a widget class name); empty when unknown.
     static QString GetStylesheet(const QString& name);
-    // The kernel's version, "major.minor.release.revision".
+    // The kernel's version text, as the About page shows it.
     static QString GetKernelVersion();
     // Opens `url` with the desktop's handler; false when nothing could open it.
     static bool OpenUrl(const QUrl& url);
