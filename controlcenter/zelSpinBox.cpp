@@ -1,0 +1,38 @@
+#include "zelSpinBox.h"
+
+#include "zelWheelGuard.h"
+
+namespace zel {
+
+zelSpinBox::zelSpinBox(QWidget* parent)
+    : QSpinBox(parent)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    installEventFilter(this);
+}
+
+zelSpinBox::~zelSpinBox()
+{
+    removeEventFilter(this);
+}
+
+void zelSpinBox::focusInEvent(QFocusEvent* event)
+{
+    setFocusPolicy(Qt::WheelFocus);
+    QSpinBox::focusInEvent(event);
+}
+
+void zelSpinBox::focusOutEvent(QFocusEvent* event)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    QSpinBox::focusOutEvent(event);
+}
+
+bool zelSpinBox::eventFilter(QObject* watched, QEvent* event)
+{
+    if (zelWheelGuard::blocks(this, event))
+        return true;
+    return QSpinBox::eventFilter(watched, event);
+}
+
+} // namespace zel
