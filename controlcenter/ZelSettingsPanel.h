@@ -1,0 +1,96 @@
+#pragma once
+
+#include "ZelControlCenterExport.h"
+
+#include <QString>
+#include <QWidget>
+
+class QPushButton;
+class QSettings;
+
+namespace zel {
+
+class kqDMIApplication;
+class zelAction;
+
+// Base of every page of the control center's settings drawer.
+//
+// A concrete page declares a signal "stateChanged()" (no arguments) in its own
+// Q_OBJECT section and emits it whenever hasModifications() or canResetContent()
+// may have changed; the control center connects to it by that signature.
+// Pages fill their widgets with signals blocked, so loading never looks like an edit.
+class ZEL_CONTROLCENTER_EXPORT ZelSettingsPanel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    // Lets the host group or filter its pages; the control center never reads it.
+    enum PanelCategory {
+        ExportCategory = 0,
+        ApplicationCategory = 1,
+        ImportCategory = 2,
+        UncategorizedCategory = 3,
+    };
+
+    // Neither `application` nor `settings` is owned; both must outlive the page.
+    ZelSettingsPanel(kqDMIApplication* application, QSettings& settings, QWidget* parent = nullptr,
+                     Qt::WindowFlags flags = {});
+    ~ZelSettingsPanel() override;
+
+    PanelCategory getPanelCategory() const;
+    void setPanelCategory(PanelCategory category);
+
+    // The page's checkable button in the control center's page list. The page owns it
+    // even while the control center's layout holds it.
+    QPushButton* getActionWidget() const;
+
+    const QString& getPanelName() const;
+    // Also labels the page button; the control center maps button clicks by this name.
+    void setPanelName(const QString& name);
+
+    // Called on registration, whenever the drawer opens from closed, and when closing
+    // the control center discards pending edits: load the stored values into the
+    // widgets and forget every pending edit.
+    virtual void initializeWidget() = 0;
+    // Called whenever the page emits stateChanged(), to enable Apply: true while the
+    // widgets hold values that differ from the stored ones.
+    virtual bool hasModifications() const = 0;
+    // Called by Apply on every page in registration order: write the pending values
+    // to the settings (and to the live application where possible); return true when
+    // one of the applied changes only takes effect after a restart.
+    virtual bool applyModifications() = 0;
+    // Called whenever the page emits stateChanged(), to enable Reset: true when some
+    // widget does not show its default value.
+    virtual bool canResetContent() const = 0;
+    // Called by Reset on every page: put the widgets back to the defaults as pending
+    // edits; nothing is written until Apply.
+    virtual void resetContent() = 0;
+    // Never called by the control center (pending edits are dropped by the next
+    // initializeWidget()); called by a host that wants to drop them itself: return
+    // true when edits were discarded.
+    virtual bool cancelModifications() = 0;
+    // Called by the host when live application state changed: re-read that state.
+    // The base has nothing to re-read.
+    virtual void refreshWidgetContent();
+    // Called by the host to hand the page one of its actions: keep or show it as the
+    // page sees fit (not owned). The base ignores it.
+    virtual void registerCCAction(zelAction* action);
+    // Called by the host to take back the action of that name: stop using it.
+    // The base holds none.
+    virtual void unregisterCCActionByName(const QString& name);
+
+protected:
+    kqDMIApplication* application() const;
+    QSettings& settings() const;
+
+private:
+    Q_DISABLE_COPY_MOVE(ZelSettingsPanel)
+
+    kqDMIApplication* m_application = nullptr;
+    QSettings* m_settings = nullptr;
+    QString m_panelName;
+    PanelCategory m_category = UncategorizedCategory;
+    QPushButton* m_actionWidget = nullptr;
+};
+
+} // namespace zel
