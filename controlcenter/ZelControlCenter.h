@@ -5,6 +5,7 @@
 
 #include <QElapsedTimer>
 #include <QMap>
+#include <QPointer>
 #include <QString>
 #include <QWidget>
 
@@ -16,6 +17,7 @@ class QColor;
 class QFrame;
 class QPropertyAnimation;
 class QPushButton;
+class QScrollArea;
 class QSettings;
 class QSignalMapper;
 
@@ -100,9 +102,12 @@ public:
     ~ZelControlCenter() override;
 
     // Stacks `panel` in the drawer and adds its page button; the caller keeps ownership.
+    // The panel must declare the signal "stateChanged()".
     void registerSettingsPanel(ZelSettingsPanel* panel);
-    // Takes `panel` out again and re-parents it (and its button) to none.
+    // Takes `panel` out again and re-parents it (and its button) to none; re-evaluates
+    // Apply and Reset when `reevaluate` is true.
     void unregisterSettingsPanel(ZelSettingsPanel* panel, bool reevaluate);
+    // The registered panels, in registration order.
     const std::vector<ZelSettingsPanel*>& settingsPanels() const;
 
     bool isMenuOpen() const;
@@ -111,8 +116,14 @@ public:
     // Applies every page; true when one of them needs a restart.
     bool applyModifications();
 
+    // Clicks outside the control center close it only when they land inside `handler`
+    // (not owned).
     void setGUIHandler(QWidget* handler);
+    // The host's own button that opens the control center: kept checked while the menu
+    // is open (not owned).
     void setControlCenterButton(QPushButton* button);
+    // The sliding drawer: a host places it beside the control center in its own layout;
+    // the control center still deletes it.
     QWidget* settingsWidget() const;
 
     int controlCenterWidth() const;
@@ -154,8 +165,9 @@ protected:
     void ensureSettingVisible(QWidget* widget);
     void resetControlCenter();
 
-    void resizeEvent(QResizeEvent* event) override;
-    void showEvent(QShowEvent* event) override;
+private Q_SLOTS:
+    void onPanelDestroyed(QObject* panel);
+    void onActionDestroyed(QObject* action);
 
 private:
     Q_DISABLE_COPY_MOVE(ZelControlCenter)
@@ -163,9 +175,11 @@ private:
     static bool ensureFolder(const QString& defaultValue, QString& value);
 
     // Asks before pending edits are dropped (only inside the viewer); true to go on.
-    bool confirmDiscard();
+    bool confirmDiscard() const;
     void initializePanels();
+    // Position in the menu column of the item of the action named `anchorName`, or -1.
     int actionItemIndex(const QString& anchorName) const;
+    bool isClickOnMainView(QObject* watched, const QPoint& globalPosition) const;
 
     std::unique_ptr<Ui::ControlCenter> m_ui;
     std::unique_ptr<zelAction> m_settingsAction;
@@ -173,14 +187,16 @@ private:
     std::vector<ZelCCActionItem*> m_actionItems;
     QMap<QString, QFrame*> m_separators;
     QElapsedTimer m_clickTimer;
-    QWidget* m_guiHandler = nullptr;
+    QPointer<QWidget> m_guiHandler;
     kqDMIApplication* m_application = nullptr;
-    QSignalMapper* m_pageMapper = nullptr;
-    QPushButton* m_controlCenterButton = nullptr;
-    QButtonGroup* m_pageGroup = nullptr;
-    QPropertyAnimation* m_widthAnimation = nullptr;
-    QPropertyAnimation* m_settingsAnimation = nullptr;
-    QPropertyAnimation* m_scrollAnimation = nullptr;
+    std::unique_ptr<QSignalMapper> m_pageMapper;
+    QPointer<QPushButton> m_controlCenterButton;
+    std::unique_ptr<QButtonGroup> m_pageGroup;
+    std::unique_ptr<QPropertyAnimation> m_widthAnimation;
+    std::unique_ptr<QPropertyAnimation> m_settingsAnimation;
+    std::unique_ptr<QPropertyAnimation> m_scrollAnimation;
+    // The host may delete the drawer along with the layout it placed it in.
+    QPointer<QScrollArea> m_drawer;
     bool m_menuOpen = false;
     bool m_settingsOpen = false;
 };

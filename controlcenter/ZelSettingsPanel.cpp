@@ -10,6 +10,9 @@ ZelSettingsPanel::ZelSettingsPanel(kqDMIApplication* application, QSettings& set
     , m_application(application)
     , m_settings(&settings)
 {
+    // Lets style sheets paint the page's background, as they do for plain QWidgets.
+    setAttribute(Qt::WA_StyledBackground);
+
     // Auto-exclusive so that the buttons of pages sharing a parent act as radio buttons
     // even before the control center groups them.
     m_actionWidget = new QPushButton(this);

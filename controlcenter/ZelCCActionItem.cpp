@@ -1,0 +1,55 @@
+#include "ZelCCActionItem.h"
+#include "ui_ZelCCActionItem.h"
+
+#include "kqDMIApplication.h"
+#include "zelAction.h"
+
+namespace zel {
+
+ZelCCActionItem::ZelCCActionItem(zelAction* action, QWidget* parent, Qt::WindowFlags flags)
+    : QWidget(parent, flags)
+    , m_ui(std::make_unique<Ui::ZelCCActionItem>())
+    , m_action(action)
+{
+    m_ui->setupUi(this);
+    setStyleSheet(kqDMIApplication::GetStylesheet(QStringLiteral("ZelCCActionItem")));
+
+    onActionChanged();
+    connect(m_action, SIGNAL(changed()), this, SLOT(onActionChanged()));
+    connect(m_ui->actionButton, SIGNAL(clicked()), m_action, SLOT(trigger()));
+}
+
+ZelCCActionItem::~ZelCCActionItem() = default;
+
+zelAction* ZelCCActionItem::getZelAction() const
+{
+    return m_action;
+}
+
+void ZelCCActionItem::setIsWorkflowSpecific(bool workflowSpecific)
+{
+    m_workflowSpecific = workflowSpecific;
+}
+
+bool ZelCCActionItem::isWorkflowSpecific() const
+{
+    return m_workflowSpecific;
+}
+
+void ZelCCActionItem::onActionChanged()
+{
+    setVisible(m_action->isVisible());
+    m_ui->actionButton->setText(m_action->getActionGuiName());
+
+    // An empty shortcut only hides the label: the old text stays behind it.
+    const QKeySequence shortcut = m_action->shortcut();
+    if (!shortcut.isEmpty())
+        m_ui->shortcut->setText(shortcut.toString(QKeySequence::NativeText));
+    m_ui->shortcut->setVisible(!shortcut.isEmpty());
+
+    setStatusTip(m_action->statusTip());
+    setToolTip(m_action->toolTip());
+    m_ui->actionButton->setEnabled(m_action->isEnabled());
+}
+
+} // namespace zel
