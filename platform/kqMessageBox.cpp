@@ -35,6 +35,9 @@ protected:
         }
         QMessageBox::closeEvent(event);
     }
+
+private:
+    Q_DISABLE_COPY_MOVE(kqModalMessageBox)
 };
 
 } // namespace

@@ -6,6 +6,7 @@ ZelSettingsApplication::ZelSettingsApplication(const QString& applicationFolder)
     : m_settings(applicationFolder + QStringLiteral("/Settings.ini"), QSettings::IniFormat)
     , m_applicationFolder(applicationFolder)
 {
+    // No codec to set: Qt 6 reads and writes INI files as UTF-8.
 }
 
 ZelSettingsApplication::~ZelSettingsApplication() = default;
