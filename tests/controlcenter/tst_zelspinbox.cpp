@@ -11,8 +11,6 @@
 #include <QTest>
 #include <QVBoxLayout>
 
-#include <memory>
-
 using namespace zel;
 
 namespace {
@@ -61,52 +59,36 @@ void tst_ZelSpinBox::wheelNeedsFocus()
     auto* page = new QWidget;
     page->setMinimumHeight(2000);
     auto* layout = new QVBoxLayout(page);
-    QAbstractSpinBox* box = nullptr;
-    if (floating)
-        box = new zelDoubleSpinBox(page);
-    else
-        box = new zelSpinBox(page);
-    auto* next = new QLineEdit(page);
+    QAbstractSpinBox* box = floating ? static_cast<QAbstractSpinBox*>(new zelDoubleSpinBox) : new zelSpinBox;
+    box->setProperty("value", 50);
+    QCOMPARE(box->focusPolicy(), Qt::StrongFocus);
+    auto* next = new QLineEdit;
     layout->addWidget(box);
     layout->addWidget(next);
-    layout->addStretch();
     scrollArea.setWidget(page);
-    const auto value = [box] { return box->text(); };
-    box->setAccelerated(false);
-    if (floating)
-        static_cast<QDoubleSpinBox*>(box)->setValue(50);
-    else
-        static_cast<QSpinBox*>(box)->setValue(50);
-
-    QCOMPARE(box->focusPolicy(), Qt::StrongFocus);
     // Activation would otherwise focus the first field, the box.
     next->setFocus();
     scrollArea.show();
     QVERIFY(QTest::qWaitForWindowActive(&scrollArea));
-    QVERIFY(next->hasFocus());
-    QScrollBar* scrollBar = scrollArea.verticalScrollBar();
-    QCOMPARE(scrollBar->value(), 0);
+    const QScrollBar* scrollBar = scrollArea.verticalScrollBar();
 
-    const QString initial = value();
     turnWheelDown(box);
-    QCOMPARE(value(), initial);
+    QCOMPARE(box->property("value").toInt(), 50);
     QVERIFY(scrollBar->value() > 0);
 
     QTest::mouseClick(box, Qt::LeftButton, {}, box->rect().center());
     QTRY_VERIFY(box->hasFocus());
     const int scrolled = scrollBar->value();
     turnWheelDown(box);
-    QVERIFY(value() != initial);
+    QCOMPARE(box->property("value").toInt(), 49);
     QCOMPARE(scrollBar->value(), scrolled);
 
     QTest::keyClick(box, Qt::Key_Tab);
     QTRY_VERIFY(next->hasFocus());
-    QCOMPARE(box->focusPolicy(), Qt::StrongFocus);
-    const QString focusedValue = value();
     // Tabbing scrolls the new field into view, so measure from here.
     const int tabbed = scrollBar->value();
     turnWheelDown(box);
-    QCOMPARE(value(), focusedValue);
+    QCOMPARE(box->property("value").toInt(), 49);
     QVERIFY(scrollBar->value() > tabbed);
 }
 

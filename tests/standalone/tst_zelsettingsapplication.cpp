@@ -35,12 +35,6 @@ void tst_ZelSettingsApplication::settingsFile()
     QSettings& settings = application.getSettings();
     QCOMPARE(settings.format(), QSettings::IniFormat);
     QCOMPARE(QFileInfo(settings.fileName()).absoluteFilePath(), folder() + QStringLiteral("/Settings.ini"));
-
-    settings.setValue(QStringLiteral("Logging/logFile"), QStringLiteral("d\u00e9j\u00e0/log.txt"));
-    settings.sync();
-    QCOMPARE(settings.status(), QSettings::NoError);
-    const QSettings reread(folder() + QStringLiteral("/Settings.ini"), QSettings::IniFormat);
-    QCOMPARE(reread.value(QStringLiteral("Logging/logFile")).toString(), QStringLiteral("d\u00e9j\u00e0/log.txt"));
 }
 
 void tst_ZelSettingsApplication::nullAnswers()
