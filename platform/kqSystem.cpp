@@ -36,7 +36,7 @@ QString accountName()
 #else
     // Containers often run under a uid without a passwd entry: the uid is the name then.
     const uid_t uid = geteuid();
-    long bufferSize = sysconf(_SC_GETPW_R_SIZE_MAX);
+    const long bufferSize = sysconf(_SC_GETPW_R_SIZE_MAX);
     std::vector<char> buffer(bufferSize > 0 ? size_t(bufferSize) : size_t(16384));
     passwd entry {};
     passwd* found = nullptr;
