@@ -71,28 +71,28 @@ ZelControlCenter::ZelControlCenter(kqDMIApplication* application, QWidget* paren
     m_ui->controlCenterButton->setChecked(false);
     m_drawer->hide();
 
-    m_pageMapper = std::make_unique<QSignalMapper>();
-    connect(m_pageMapper.get(), SIGNAL(mappedString(const QString&)), this, SLOT(onPanelClicked(const QString&)));
+    m_pageMapper = new QSignalMapper(this);
+    connect(m_pageMapper, SIGNAL(mappedString(const QString&)), this, SLOT(onPanelClicked(const QString&)));
 
-    m_widthAnimation = std::make_unique<QPropertyAnimation>(this, QByteArrayLiteral("controlCenterWidth"));
+    m_widthAnimation = new QPropertyAnimation(this, QByteArrayLiteral("controlCenterWidth"), this);
     m_widthAnimation->setDuration(SlideDuration);
     m_widthAnimation->setStartValue(0);
     m_widthAnimation->setEndValue(MenuWidth);
-    connect(m_widthAnimation.get(), SIGNAL(finished()), this, SLOT(onControlCenterWidthFinished()));
+    connect(m_widthAnimation, SIGNAL(finished()), this, SLOT(onControlCenterWidthFinished()));
 
-    m_settingsAnimation = std::make_unique<QPropertyAnimation>(this, QByteArrayLiteral("settingsWidth"));
+    m_settingsAnimation = new QPropertyAnimation(this, QByteArrayLiteral("settingsWidth"), this);
     m_settingsAnimation->setDuration(SlideDuration);
     m_settingsAnimation->setStartValue(0);
     m_settingsAnimation->setEndValue(DrawerWidth);
-    connect(m_settingsAnimation.get(), SIGNAL(finished()), this, SLOT(onSettingsWidthFinished()));
+    connect(m_settingsAnimation, SIGNAL(finished()), this, SLOT(onSettingsWidthFinished()));
 
     QScrollBar* scrollBar = m_drawer->verticalScrollBar();
-    m_scrollAnimation = std::make_unique<QPropertyAnimation>(scrollBar, QByteArrayLiteral("value"));
+    m_scrollAnimation = new QPropertyAnimation(scrollBar, QByteArrayLiteral("value"), this);
     m_scrollAnimation->setDuration(SlideDuration);
     m_scrollAnimation->setEasingCurve(QEasingCurve::InOutQuad);
     connect(scrollBar, SIGNAL(valueChanged(int)), this, SLOT(onScrollBarValueChanged(int)));
 
-    m_pageGroup = std::make_unique<QButtonGroup>();
+    m_pageGroup = new QButtonGroup(this);
     m_pageGroup->setExclusive(true);
 
     openMenu(false);
@@ -115,7 +115,7 @@ ZelControlCenter::~ZelControlCenter()
 {
     QCoreApplication::instance()->removeEventFilter(this);
     // Stopped animations never finish: resume the engine ourselves.
-    const auto sliding = [](const std::unique_ptr<QPropertyAnimation>& animation) {
+    const auto sliding = [](const QPropertyAnimation* animation) {
         return animation->state() == QAbstractAnimation::Running;
     };
     if (sliding(m_widthAnimation) || sliding(m_settingsAnimation))
@@ -134,10 +134,10 @@ ZelControlCenter::~ZelControlCenter()
     unregisterCCAction(m_settingsAction.get());
     m_settingsAction.reset();
     m_ui.reset();
-    m_pageMapper.reset();
-    m_widthAnimation.reset();
-    m_settingsAnimation.reset();
-    m_scrollAnimation.reset();
+    delete m_pageMapper;
+    delete m_widthAnimation;
+    delete m_settingsAnimation;
+    delete m_scrollAnimation;
 }
 
 void ZelControlCenter::registerSettingsPanel(ZelSettingsPanel* panel)
@@ -155,7 +155,7 @@ void ZelControlCenter::registerSettingsPanel(ZelSettingsPanel* panel)
     panel->show();
     panel->initializeWidget();
 
-    connect(button, SIGNAL(clicked()), m_pageMapper.get(), SLOT(map()));
+    connect(button, SIGNAL(clicked()), m_pageMapper, SLOT(map()));
     m_pageMapper->setMapping(button, panel->getPanelName());
     onStateChanged();
 }
@@ -171,7 +171,7 @@ void ZelControlCenter::unregisterSettingsPanel(ZelSettingsPanel* panel, bool ree
 
     QPushButton* button = panel->getActionWidget();
     m_pageGroup->removeButton(button);
-    disconnect(button, SIGNAL(clicked()), m_pageMapper.get(), SLOT(map()));
+    disconnect(button, SIGNAL(clicked()), m_pageMapper, SLOT(map()));
     m_pageMapper->removeMappings(button);
     m_ui->verticalLayout_6->removeWidget(button);
     m_ui->verticalLayout_8->removeWidget(panel);

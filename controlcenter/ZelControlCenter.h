@@ -189,12 +189,12 @@ private:
     QElapsedTimer m_clickTimer;
     QPointer<QWidget> m_guiHandler;
     kqDMIApplication* m_application = nullptr;
-    std::unique_ptr<QSignalMapper> m_pageMapper;
+    QSignalMapper* m_pageMapper = nullptr;
     QPointer<QPushButton> m_controlCenterButton;
-    std::unique_ptr<QButtonGroup> m_pageGroup;
-    std::unique_ptr<QPropertyAnimation> m_widthAnimation;
-    std::unique_ptr<QPropertyAnimation> m_settingsAnimation;
-    std::unique_ptr<QPropertyAnimation> m_scrollAnimation;
+    QButtonGroup* m_pageGroup = nullptr;
+    QPropertyAnimation* m_widthAnimation = nullptr;
+    QPropertyAnimation* m_settingsAnimation = nullptr;
+    QPropertyAnimation* m_scrollAnimation = nullptr;
     // The host may delete the drawer along with the layout it placed it in.
     QPointer<QScrollArea> m_drawer;
     bool m_menuOpen = false;
