@@ -103,10 +103,17 @@ private Q_SLOTS:
         QVERIFY(controlCenter->settingsWidget()->isHidden() && part(controlCenter, "preferenceFrame")->isHidden());
         QVERIFY(!part(controlCenter, "actionFrame")->isHidden());
 
-        // Reopened from closed the pages reload; closing the menu closes the drawer.
+        // Reopened from closed the pages reload; the drawer's header closes it again.
         controlCenter->openSettings();
         finishSlides(controlCenter);
         QCOMPARE(page.calls().count("A.initializeWidget"), 2);
+        part<QPushButton>(controlCenter, "controlCenterButton")->click();
+        finishSlides(controlCenter);
+        QVERIFY(!controlCenter->isSettingsOpen() && !part(controlCenter, "actionFrame")->isHidden());
+
+        // Closing the menu closes the drawer with it.
+        controlCenter->openSettings();
+        finishSlides(controlCenter);
         controlCenter->openMenu(false);
         finishSlides(controlCenter);
         QVERIFY(!controlCenter->isSettingsOpen() && controlCenter->settingsWidget()->isHidden());
