@@ -1,56 +1,32 @@
 #include "TestHome.h"
 #include "ZelControlCenter.h"
+#include "ZelControlCenterVersion.h"
+#include "kqDMRenderer.h"
+#include "kqSystem.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QThread>
 
-using zel::ZelControlCenter;
+#include <unistd.h>
+
+using zel::SettingValidator;
+using CC = zel::ZelControlCenter;
+using Version = ZelControlCenter::Version;
+
+Q_DECLARE_METATYPE(zel::SettingValidator)
 
 namespace {
 
 // Validators and end checks are plain functions, so what they observe lives here. End
-// checks stay registered for the rest of the program: only the order test adds
-// secondCheck, and silentCheck observes nothing.
+// checks stay registered for the rest of the program.
 QStringList seen;
-QString keyOnDiskAtEndCheck;
-bool firstCheckFails = false;
-
-bool recordAndUpperCase(const QString& key, const QString&, QString& value, QString&)
-{
-    seen.append(key);
-    value = value.toUpper();
-    return true;
-}
-
-bool failWithBoom(const QString& key, const QString&, QString&, QString& error)
-{
-    seen.append(key);
-    error = "boom";
-    return false;
-}
-
-bool firstCheck(QSettings& settings, QString& error)
-{
-    seen.append("first");
-    keyOnDiskAtEndCheck = QSettings(settings.fileName(), QSettings::IniFormat).value("b").toString();
-    if (firstCheckFails)
-        error = "first failed";
-    return !firstCheckFails;
-}
-
-bool secondCheck(QSettings&, QString&)
-{
-    seen.append("second");
-    return true;
-}
-
-bool silentCheck(QSettings&, QString&)
-{
-    return true;
-}
+QByteArray onDiskAtEndCheck;
+bool endCheckFails = false;
 
 QByteArray fileBytes(const QString& path)
 {
@@ -58,24 +34,57 @@ QByteArray fileBytes(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+// Upper-cases every value; fails at the key "boom".
+bool record(const QString& key, const QString&, QString& value, QString& error)
+{
+    seen.append(key);
+    value = value.toUpper();
+    error = "boom";
+    return key != "boom";
+}
+
+bool firstCheck(QSettings& settings, QString& error)
+{
+    seen.append("first");
+    onDiskAtEndCheck = fileBytes(settings.fileName());
+    error = "first failed";
+    return !endCheckFails;
+}
+
+// Every key and value a fresh reader sees.
+QVariantMap values(const QString& path)
+{
+    const QSettings settings(path, QSettings::IniFormat);
+    QVariantMap values;
+    for (const QString& key : settings.allKeys())
+        values.insert(key, settings.value(key));
+    return values;
+}
+
+// Table rows for one validator: (input, expected output), where "=" keeps the input and
+// a null text means the validator fails.
+void rows(const char* name, SettingValidator validator, std::initializer_list<std::pair<QString, QString>> cases)
+{
+    for (const auto& [value, expected] : cases)
+        QTest::addRow("%s: %s", name, qPrintable(value.size() > 24 ? QString::number(value.size()) : value))
+            << validator << value << (expected == "=" ? value : expected);
+}
+
 } // namespace
 
-class SettingsRegistryTest : public QObject
+class SettingsTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init();
-    void cleanup();
-
-    void firstRegistrationWins();
-    void nullAndEmptyDefaultsDiffer();
-    void passVisitsKeysInOrderAndWritesEveryKey();
-    void failingValidatorStopsBeforeSyncAndEndChecks();
-    void endChecksRunInOrderOnceAfterSync();
-    void cleanupFolder_data();
-    void cleanupFolder();
-    void cleanupRessourcesReleasesImages();
+    void registryAndPass();
+    void catalogue();
+    void validators_data();
+    void validators();
+    void folderValidators_data();
+    void folderValidators();
+    void versionTexts();
 
 private:
     QString iniPath() const { return m_folder.filePath("Settings.ini"); }
@@ -84,135 +93,219 @@ private:
     QTemporaryDir m_folder;
 };
 
-void SettingsRegistryTest::init()
+void SettingsTest::init()
 {
     QVERIFY(m_home.isValid() && m_folder.isValid());
     QFile::remove(iniPath());
-    ZelControlCenter::ClearSettingsValues();
+    CC::ClearSettingsValues();
     seen.clear();
-    keyOnDiskAtEndCheck.clear();
-    firstCheckFails = false;
+    endCheckFails = false;
 }
 
-void SettingsRegistryTest::cleanup()
+void SettingsTest::registryAndPass()
 {
-    ZelControlCenter::ClearSettingsValues();
-}
+    QVERIFY(CC::RegisterSetting("b", "old", CC::noOp));
+    QVERIFY(!CC::RegisterSetting("b", "other", record));
+    CC::RegisterSetting("empty", "", CC::noOp);
+    CC::RegisterSetting("null", QString(), CC::noOp);
+    QVERIFY(!CC::GetDefaultSettingsValue("empty").isNull());
+    QVERIFY(CC::GetDefaultSettingsValue("null").isNull());
+    // Clearing empties the registry but keeps the end checks; a repeated one is refused.
+    CC::RegisterEndCheckFunction(firstCheck);
+    CC::ClearSettingsValues();
+    CC::RegisterEndCheckFunction([](QSettings&, QString&) { return seen.append("second"), true; });
+    QVERIFY(!CC::RegisterEndCheckFunction(firstCheck));
 
-void SettingsRegistryTest::firstRegistrationWins()
-{
-    QVERIFY(ZelControlCenter::RegisterSetting("engine", "deferred", ZelControlCenter::ensureEngine));
-    QVERIFY(!ZelControlCenter::RegisterSetting("engine", "software", ZelControlCenter::noOp));
-    const auto& registry = ZelControlCenter::GetDefaultSettingsValues();
-    QCOMPARE(registry.size(), std::size_t(1));
-    QCOMPARE(registry.at("engine").first, "deferred");
-    QVERIFY(registry.at("engine").second == &ZelControlCenter::ensureEngine);
-
-    // Clearing empties the registry only; afterwards the first registration wins again.
-    ZelControlCenter::RegisterEndCheckFunction(silentCheck);
-    ZelControlCenter::ClearSettingsValues();
-    QVERIFY(registry.empty());
-    QVERIFY(!ZelControlCenter::RegisterEndCheckFunction(silentCheck));
-    QVERIFY(ZelControlCenter::RegisterSetting("engine", "software", ZelControlCenter::noOp));
-    QCOMPARE(ZelControlCenter::GetDefaultSettingsValue("engine"), "software");
-}
-
-void SettingsRegistryTest::nullAndEmptyDefaultsDiffer()
-{
-    ZelControlCenter::RegisterSetting("empty", "", ZelControlCenter::noOp);
-    ZelControlCenter::RegisterSetting("null", QString(), ZelControlCenter::noOp);
-
-    QVERIFY(!ZelControlCenter::GetDefaultSettingsValue("empty").isNull());
-    QVERIFY(ZelControlCenter::GetDefaultSettingsValue("null").isNull());
-    QVERIFY(ZelControlCenter::GetDefaultSettingsValue("unknown").isNull());
-}
-
-void SettingsRegistryTest::passVisitsKeysInOrderAndWritesEveryKey()
-{
-    // Registered out of order; "A" < "a/x" < "b" < "c" in code units.
+    // Registered out of order; "A" < "a/x" < "b" < "c" in code units. Only "b" is in the file;
+    // "b" registers anew after the clearing.
     for (const QString key : {"c", "b", "a/x", "A"})
-        ZelControlCenter::RegisterSetting(key, "default " + key, recordAndUpperCase);
+        QVERIFY(CC::RegisterSetting(key, "default " + key, record));
     QSettings(iniPath(), QSettings::IniFormat).setValue("b", "stored");
-
     QSettings settings(iniPath(), QSettings::IniFormat);
     QString error;
-    QVERIFY(ZelControlCenter::EnsureSettings(settings, error));
-    QCOMPARE(seen, QStringList({"A", "a/x", "b", "c"}));
+    QVERIFY(CC::EnsureSettings(settings, error));
+    QCOMPARE(seen, QStringList({"A", "a/x", "b", "c", "first", "second"}));
+    QVERIFY(onDiskAtEndCheck.contains("b=STORED")); // synced before the end checks
+    QCOMPARE(values(iniPath()),
+             QVariantMap({{"A", "DEFAULT A"}, {"a/x", "DEFAULT A/X"}, {"b", "STORED"}, {"c", "DEFAULT C"}}));
 
-    const QSettings written(iniPath(), QSettings::IniFormat);
-    QCOMPARE(written.value("A"), "DEFAULT A");
-    QCOMPARE(written.value("a/x"), "DEFAULT A/X");
-    QCOMPARE(written.value("b"), "STORED");
-    QCOMPARE(written.value("c"), "DEFAULT C");
-}
+    seen.clear();
+    endCheckFails = true;
+    QVERIFY(!CC::EnsureSettings(settings, error));
+    QCOMPARE(error, "first failed");
+    QCOMPARE(seen, QStringList({"A", "a/x", "b", "c", "first"}));
 
-void SettingsRegistryTest::failingValidatorStopsBeforeSyncAndEndChecks()
-{
-    ZelControlCenter::RegisterEndCheckFunction(firstCheck);
-    ZelControlCenter::RegisterSetting("k1", "false", ZelControlCenter::ensureBool);
-    ZelControlCenter::RegisterSetting("k2", "two", recordAndUpperCase);
-    ZelControlCenter::RegisterSetting("k3", QString(), failWithBoom);
-    ZelControlCenter::RegisterSetting("k4", QString(), recordAndUpperCase);
-    QSettings(iniPath(), QSettings::IniFormat).setValue("k1", "garbage");
+    // A failing validator stops before the later keys, the sync and the end checks; the
+    // keys before it are repaired in memory only.
+    CC::RegisterSetting("boom", QString(), record);
+    settings.setValue("b", "lower");
     const QByteArray before = fileBytes(iniPath());
-
-    QSettings settings(iniPath(), QSettings::IniFormat);
-    QString error;
-    QVERIFY(!ZelControlCenter::EnsureSettings(settings, error));
+    seen.clear();
+    QVERIFY(!CC::EnsureSettings(settings, error));
     QCOMPARE(error, "boom");
-    QCOMPARE(seen, QStringList({"k2", "k3"}));
-    // The keys before the failure are repaired in memory; the file is untouched.
-    QCOMPARE(settings.value("k1"), "false");
-    QCOMPARE(settings.value("k2"), "TWO");
-    QVERIFY(!settings.contains("k4"));
+    QCOMPARE(seen, QStringList({"A", "a/x", "b", "boom"}));
+    QCOMPARE(settings.value("b"), "LOWER");
     QCOMPARE(fileBytes(iniPath()), before);
 }
 
-void SettingsRegistryTest::endChecksRunInOrderOnceAfterSync()
+void SettingsTest::catalogue()
 {
-    ZelControlCenter::RegisterEndCheckFunction(firstCheck);
-    ZelControlCenter::RegisterEndCheckFunction(secondCheck);
-    QVERIFY(!ZelControlCenter::RegisterEndCheckFunction(firstCheck));
-    ZelControlCenter::RegisterSetting("b", "written", ZelControlCenter::noOp);
+    // An embedding application may register one of the library's keys first; later
+    // registrations of the catalogue change nothing. The platform may add a separator.
+    CC::RegisterSetting("engine", "software", CC::noOp);
+    CC::InitDefaultSettingsValues("Viewer\\");
+    CC::InitDefaultSettingsValues("Second");
+    const QString user = QString::fromStdString(kq::kqSystemUtils::GetCurrentUserNameUtf8());
+    const QString logFile = m_home.configPath() + "/Viewer/log.txt";
+    QCOMPARE(CC::GetDefaultSettingsValue("engine"), "software");
+    QCOMPARE(CC::GetDefaultSettingsValue("Logging/logFile"), logFile);
+    QCOMPARE(CC::GetDefaultSettingsValue("DBCache/cacheDirectory"), m_home.tempPath() + "/Viewer/" + user);
 
+    // Saved by a Windows editor: byte-order mark right before the first key, CRLF, UTF-8,
+    // escaped backslashes, lists and keys nobody registered. The engine keeps its first validator.
+    const QString cacheFolder = m_folder.filePath("Gr\u00fc\u00dfe/cache");
+    QVERIFY(QDir().mkpath(cacheFolder));
+    const QByteArray contents = "\xEF\xBB\xBF" "engine=Deferred\r\nsettingsVersion=1\r\nenablediag=yes\r\n"
+                                "debuglogtypeblacklist=debug, info\r\nrecentFiles=a.step, \"b, c.step\"\r\n"
+                                "[Caf\xC3\xA9]\r\nMen\xC3\xBC=\xE2\x82\xAC 5\r\n[DBCache]\r\ncacheSize=lots\r\n"
+                                "cacheDirectory=" + cacheFolder.toUtf8().replace('/', "\\\\") + "\\\\\r\n"
+        + "[Logging]\r\nlogFile=" + m_folder.filePath("missing/log.txt").toUtf8() + "\r\n";
+    QFile file(iniPath());
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size() && file.flush());
+    QVariantMap expected = values(iniPath());
+    QCOMPARE(expected.size(), 9);
+    expected["settingsVersion"] = "2";
+    expected["enablediag"] = "false";
+    expected["debuglogtypeblacklist"] = "debug, info"; // a list to the reader, kept as the text
+    expected["DBCache/cacheDirectory"] = cacheFolder;
+    expected["Logging/logFile"] = logFile;
     QSettings settings(iniPath(), QSettings::IniFormat);
     QString error;
-    QVERIFY(ZelControlCenter::EnsureSettings(settings, error));
-    QCOMPARE(seen, QStringList({"first", "second"}));
-    QCOMPARE(keyOnDiskAtEndCheck, "written");
-
-    seen.clear();
-    firstCheckFails = true;
-    QVERIFY(!ZelControlCenter::EnsureSettings(settings, error));
-    QCOMPARE(error, "first failed");
-    QCOMPARE(seen, QStringList({"first"}));
+    QVERIFY(CC::EnsureSettings(settings, error));
+    QCOMPARE(values(iniPath()), expected);
 }
 
-void SettingsRegistryTest::cleanupFolder_data()
+void SettingsTest::validators_data()
 {
-    QTest::addColumn<QString>("path");
+    QTest::addColumn<SettingValidator>("validator");
+    QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("windows folder") << "C:\\data\\" << "C:/data";
-    QTest::newRow("only one trailing slash goes") << "a//" << "a/";
-    QTest::newRow("mixed separators") << "/home\\me/x" << "/home/me/x";
-    QTest::newRow("root") << "/" << "";
+
+    // The default is "D"; the ratios' default "2/3/4/5/6" is corrected by the kernel.
+    rows("bool", CC::ensureBool, {{"true", "="}, {"True", "D"}});
+    rows("engine", CC::ensureEngine, {{"software", "="}, {"Deferred", "D"}});
+    rows("settings version", CC::ensureSettingsVersion, {{"1", "D"}});
+    rows("log level", CC::ensureLogLevel, {{"-1", "0"}, {"+3", "3"}, {"verbose", "D"}});
+    rows("positive", CC::ensurePositiveInteger,
+         {{"0", "D"}, {"9223372036854775807", "="}, {"9223372036854775808", "D"}});
+    rows("port", CC::ensurePortValue, {{"-1", "D"}, {"0", "="}, {"65535", "="}, {"65536", "D"}});
+    rows("cache size", CC::ensureCacheSize, {{"9", "D"}, {"10", "="}, {"10240", "="}, {"10241", "D"}});
+    rows("simplification RAM", CC::ensureSimplificationRAM,
+         {{"67108863", "D"}, {"67108864", "="}, {"8489271296", "="}, {"8489271297", "D"}});
+    rows("threads", CC::ensureSimplificationThreads, {{"8", "1"}});
+    rows("cores", CC::ensureCoreNumber, {{"0", "1"}, {"1000", QString::number(QThread::idealThreadCount())}});
+    rows("face angle", CC::ensureTesselationMaxFaceAngle, {{"-1", "0"}, {"360", "359"}, {"4.5", "D"}});
+    rows("face length", CC::ensureTesselationMaxFaceLength, {{"-3", "0"}, {"0.1234567", "0.123457"}, {"nan", "D"}});
+    rows("face sag", CC::ensureTesselationMaxFaceSag, {{"-0.5", "0"}, {"101", "100"}, {"-inf", "D"}});
+    rows("triangle cap", CC::ensureLODTrianglesCap, {{"49999", "50000"}, {"500000001", "500000000"}});
+    for (const auto memory : {CC::ensureMaxGPUMemory, CC::ensureMaxCPUMemoryRaytracer, CC::ensureMaxCPUMemory3D})
+        rows("memory", memory, {{"-1", "D"}, {"134217727", "134217728"}, {"8489271297", "8489271296"}});
+    for (const QString& quality : zel::kqDMRenderer::scQualityEnum)
+        rows("quality", CC::ensureRaytracerQuality, {{quality, "="}, {quality.toUpper(), "D"}});
+    rows("unit", CC::ensureSceneUnit, {{"0.0019", "0.001"}, {"0", "D"}, {"1e3", "1000"}, {"5", "D"}});
+    rows("host", CC::ensureIpOrHostName,
+         {{"255.255.255.255", "="}, {"192.168.1.256", "D"}, {"256.1.1", "="}, {"a..b-c.", "="}, {"my_host", "D"},
+          {"m\u00fcller", "D"}, {"", "D"}, {QString(255, 'a'), "="}, {QString(256, 'a'), "D"}});
+    rows("ratios", CC::ensureSimplificationRatios,
+         {{"1/0.5/0.25/0.1/0.05", "="}, {"1//0.5/nan/0.25/0.1/0.05", "1/0.5/0.25/0.1/0.05"},
+          {"1.5/0.5/0.25/0.1/0.001", "1/0.5/0.25/0.1/0.01"}, {"1/0.5/0.25", "1/1/1/1/1"}, {"1/0.5", QString()}});
 }
 
-void SettingsRegistryTest::cleanupFolder()
+void SettingsTest::validators()
 {
-    QFETCH(QString, path);
+    QFETCH(SettingValidator, validator);
+    QFETCH(QString, value);
     QFETCH(QString, expected);
-    ZelControlCenter::CleanupFolder(path);
-    QCOMPARE(path, expected);
+    // Only a ratios default that gives no five ratios makes a validator here fail.
+    const QString defaultValue =
+        validator != &CC::ensureSimplificationRatios ? "D" : expected.isNull() ? "1/0.5/x" : "2/3/4/5/6";
+    QString error = "untouched";
+    QCOMPARE(validator("key", defaultValue, value, error), !expected.isNull());
+    QVERIFY(expected.isNull() || value == expected);
+    QCOMPARE(error, "untouched");
 }
 
-void SettingsRegistryTest::cleanupRessourcesReleasesImages()
+void SettingsTest::folderValidators_data()
 {
-    // Nothing else in this program needs the images.
-    QVERIFY(QDir(":/controlCenter").exists());
-    ZelControlCenter::CleanupRessources();
-    QVERIFY(!QDir(":/controlCenter").exists());
+    QTest::addColumn<SettingValidator>("validator");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QString>("defaultValue");
+    QTest::addColumn<QString>("expected"); // the value written, or the error about the default
+
+    // Paths are relative to the temporary folder, which holds the folder "kept" and the file "file".
+    const QString cache = "Could not use the 3D database cache, folder \"%1\" could not be created";
+    QTest::newRow("cache folder kept") << &CC::ensureDMCacheFolder << "kept\\" << "new/x" << "kept";
+    QTest::newRow("cache folder missing") << &CC::ensureDMCacheFolder << "gone" << "new/x\\" << "new/x";
+    QTest::newRow("cache folder under a file") << &CC::ensureDMCacheFolder << "gone" << "file/x" << cache;
+    QTest::newRow("cache folder read-only") << &CC::ensureDMCacheFolder << "gone" << "readonly/x" << cache;
+    QTest::newRow("log file kept") << &CC::ensureFile << "kept\\log.txt" << "new/x" << "kept/log.txt";
+    QTest::newRow("log file missing") << &CC::ensureFile << "gone/log.txt" << "new/x\\" << "new/x";
+    QTest::newRow("log file under a file") << &CC::ensureFile << "gone/log.txt" << "file/x/log.txt"
+                                           << "Could not use the Torvane log file, file \"%1\" could not be created";
+    // The temp folder's default is created even when the value is usable, and replaces
+    // a missing value as it stands.
+    QTest::newRow("temp folder kept") << &CC::ensureTmpFolder << "kept/" << "new/x" << "kept";
+    QTest::newRow("temp folder missing") << &CC::ensureTmpFolder << "" << "new/x\\" << "new/x\\";
+    QTest::newRow("temp folder under a file")
+        << &CC::ensureTmpFolder << "kept" << "file/x" << "Could not create compulsory folder \"%1\"";
 }
 
-QTEST_GUILESS_MAIN(SettingsRegistryTest)
+void SettingsTest::folderValidators()
+{
+    QFETCH(SettingValidator, validator);
+    QFETCH(QString, value);
+    QFETCH(QString, defaultValue);
+    QFETCH(QString, expected);
+    const QDir base(m_folder.path());
+    const auto inBase = [&base](const QString& path) { return path.isEmpty() ? path : base.filePath(path); };
+    QVERIFY(base.mkpath("kept") && base.mkpath("readonly") && QDir(base.filePath("new")).removeRecursively());
+    QVERIFY(QFile(base.filePath("file")).open(QIODevice::WriteOnly)
+            && QFile::setPermissions(base.filePath("readonly"), QFile::ReadOwner | QFile::ExeOwner));
+    if (defaultValue.startsWith("readonly") && geteuid() == 0)
+        QSKIP("root can write into a read-only folder");
+
+    // Through the pass, behind the catalogue's keys.
+    CC::InitDefaultSettingsValues("Viewer");
+    CC::RegisterSetting("folder", inBase(defaultValue), validator);
+    QSettings(iniPath(), QSettings::IniFormat).setValue("folder", inBase(value));
+    const QByteArray before = fileBytes(iniPath());
+    QSettings settings(iniPath(), QSettings::IniFormat);
+    QString error;
+    QCOMPARE(CC::EnsureSettings(settings, error), !expected.contains("%1"));
+    if (expected.contains("%1")) {
+        QCOMPARE(error, expected.arg(inBase(defaultValue)));
+        QCOMPARE(fileBytes(iniPath()), before);
+        return;
+    }
+    value = QSettings(iniPath(), QSettings::IniFormat).value("folder").toString();
+    QCOMPARE(value, inBase(expected));
+    QCOMPARE(base.exists("new"), validator == &CC::ensureTmpFolder || expected.startsWith("new"));
+    QCOMPARE(QFileInfo::exists(value), validator != &CC::ensureFile); // the logger creates its file
+}
+
+void SettingsTest::versionTexts()
+{
+    for (const bool alternative : {false, true}) {
+        QCOMPARE(Version::GetDescStringMajorMinor(alternative), "1.1");
+        QCOMPARE(Version::GetDescStringMajorMinorRelease(alternative), "1.1.0");
+        QCOMPARE(Version::GetDescStringMajorMinorReleaseRevision(alternative), "1.1.0.85");
+    }
+    // The month is not zero-padded.
+    QCOMPARE(Version::GetDescStringMajorMinorReleaseRevisionDate(), "1.1.0.85 2024-1");
+    QCOMPARE(QString("%1.%2.%3.%4 %5-%6").arg(Version::GetMajor()).arg(Version::GetMinor()).arg(Version::GetRelease())
+                 .arg(Version::GetRevision()).arg(Version::GetYear()).arg(Version::GetMonth()),
+             "1.1.0.85 2024-1");
+}
+
+QTEST_GUILESS_MAIN(SettingsTest)
 #include "tst_settingsregistry.moc"
