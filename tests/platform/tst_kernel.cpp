@@ -1,0 +1,416 @@
+// The kernel stand-in, the guarded spin boxes and the stand-alone application object.
+#include "TestHome.h"
+
+#include "MTLogger.h"
+#include "ZelControlCenter.h"
+#include "ZelDirectory.h"
+#include "ZelKernel.h"
+#include "ZelSettingsApplication.h"
+#include "kqDMIApplication.h"
+#include "kqDMManager.h"
+#include "kqDMRenderer.h"
+#include "kqDMSelection.h"
+#include "kqMessageBox.h"
+#include "kqMovableObject.h"
+#include "kqSystem.h"
+#include "zelAction.h"
+#include "zelActionManager.h"
+#include "zelDoubleSpinBox.h"
+#include "zelSpinBox.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QRegularExpression>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSpontaneKeyEvent>
+#include <QTest>
+#include <QTimer>
+
+#include <memory>
+
+using namespace zel;
+using namespace Qt::StringLiterals;
+using Ratios = std::vector<float>;
+Q_DECLARE_METATYPE(Ratios)
+
+namespace {
+
+QStringList s_forwarded;
+
+void record(QtMsgType, const QMessageLogContext&, const QString& message)
+{
+    s_forwarded.append(message);
+}
+
+// The logger's "handler before" while it lives, so forwarding can be checked; on leaving
+// it uninstalls the logger and gives QtTest its handler back.
+struct Recording
+{
+    Recording() { s_forwarded.clear(); }
+    ~Recording() { MTLogger::UninstallFileHandler(); qInstallMessageHandler(before); }
+    QtMessageHandler before = qInstallMessageHandler(record);
+};
+
+QString readLog(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+void sendMouse(QWidget* widget, QEvent::Type type, QPoint global, Qt::MouseButtons buttons = Qt::LeftButton)
+{
+    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, widget->mapFromGlobal(global), global, button, buttons, Qt::NoModifier);
+    QApplication::sendEvent(widget, &event);
+}
+
+// One wheel notch down as the platform delivers it: to the widget under the pointer,
+// spontaneous, so that QApplication passes an ignored event on to the parents.
+void turnWheelDown(QAbstractSpinBox* box)
+{
+    QWidget* target = box->childAt(box->rect().center());
+    const QPointF local = target->rect().center();
+    QWheelEvent event(local, target->mapToGlobal(local), QPoint(), QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    QApplication::instance()->notify(target, &event);
+}
+
+} // namespace
+
+class tst_Kernel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void services();
+    void correctRatios_data();
+    void correctRatios();
+    void actionLifetimes();
+    void messageBox_data();
+    void messageBox();
+    void windowMover();
+    void logFilter_data();
+    void logFilter();
+    void logFile();
+    void spinBoxWheelNeedsFocus_data();
+    void spinBoxWheelNeedsFocus();
+    void settingsApplication();
+
+private:
+    TestHome m_home;
+};
+
+void tst_Kernel::services()
+{
+    QCOMPARE(QString::fromStdString(kq::kqDirUtils::GetAppDataFolderUtf8()), m_home.configPath());
+    QCOMPARE(QString::fromStdString(ZelDirectory::GetTempFolderUtf8("Zel\xc3\xa9X64")),
+             m_home.tempPath() + u"/Zel\u00e9X64"_s);
+
+    // USER before LOGNAME; without any of them the account database answers.
+    for (const char* name : {"USER", "USERNAME", "LOGNAME"})
+        qunsetenv(name);
+    QVERIFY(!kq::kqSystemUtils::GetCurrentUserNameUtf8().empty());
+    qputenv("LOGNAME", "ann\xc3\xa9");
+    QCOMPARE(kq::kqSystemUtils::GetCurrentUserNameUtf8(), std::string("ann\xc3\xa9"));
+    qputenv("USER", "bob");
+    QCOMPARE(kq::kqSystemUtils::GetCurrentUserNameUtf8(), std::string("bob"));
+
+    // Quality names match exactly; anything else is the lowest.
+    for (int i = 0; i < 4; ++i)
+        QCOMPARE(kqDMRenderer::GetRaytracerQuality(kqDMRenderer::scQualityEnum[i]), i);
+    QCOMPARE(kqDMRenderer::GetRaytracerQuality(u"ULTRA"_s), 0);
+    QCOMPARE(kqDMRenderer::GetRaytracerQuality(u"high "_s), 0);
+
+    QVERIFY(kqDMIApplication::GetStylesheet(u"kqMessageBox"_s).contains("QMessageBox"_L1));
+    QVERIFY(kqDMIApplication::GetStylesheet(u"NoSuchWidget"_s).isEmpty());
+
+    // Library starts and stops pair up.
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
+    QVERIFY(kq::initializeKqSystem(kq::InitGui, false));
+    QVERIFY(zelInitializeKernelLibrary());
+    zelTerminateKernelLibrary();
+    kq::terminateKqSystem();
+    // A refused start does not count.
+    QTest::ignoreMessage(QtWarningMsg, "initializeKqSystem: unknown start type 3");
+    QVERIFY(!kq::initializeKqSystem(kq::InitType(3), false));
+    QTest::ignoreMessage(QtWarningMsg, "kqSystem terminated without being initialized");
+    kq::terminateKqSystem();
+}
+
+void tst_Kernel::correctRatios_data()
+{
+    const float nan = float(qQNaN()), inf = float(qInf());
+    QTest::addColumn<Ratios>("ratios");
+    QTest::addColumn<Ratios>("expected");
+    // First exactly 1, a level equal to the one before, exactly 0.01: all still valid.
+    QTest::newRow("valid") << Ratios {1, 0.5f, 0.5f, 0.1f, 0.01f} << Ratios {1, 0.5f, 0.5f, 0.1f, 0.01f};
+    QTest::newRow("empty") << Ratios {} << Ratios {};
+    QTest::newRow("first below one") << Ratios {0.5f, 0.8f, 0.2f} << Ratios {1, 0.8f, 0.2f};
+    QTest::newRow("rising") << Ratios {1, 0.2f, 0.6f, 0.1f, 0.3f} << Ratios {1, 0.2f, 0.2f, 0.1f, 0.1f};
+    QTest::newRow("out of range") << Ratios {inf, 2, 0, -inf, 0.001f} << Ratios {1, 1, 0.01f, 0.01f, 0.01f};
+    // A NaN repeats the level before, and counts as a change.
+    QTest::newRow("nan") << Ratios {1, nan, 0.4f, nan} << Ratios {1, 1, 0.4f, 0.4f};
+}
+
+void tst_Kernel::correctRatios()
+{
+    QFETCH(Ratios, ratios);
+    QFETCH(Ratios, expected);
+    const bool changed = ratios != expected;
+    QCOMPARE(kqDMManager::correctRatios(ratios), changed);
+    QCOMPARE(ratios, expected);
+}
+
+void tst_Kernel::actionLifetimes()
+{
+    auto manager = std::make_unique<zelActionManager>();
+    auto action = std::make_unique<zelAction>(u"open"_s, u"Open"_s, manager.get());
+    QCOMPARE(manager->getActionByName(u"open"_s), action.get());
+    QVERIFY(!manager->getActionByName(u"Open"_s));
+
+    // A second action under the same name neither replaces the first nor, when it
+    // leaves, takes the first one's registration along.
+    auto duplicate = std::make_unique<zelAction>(u"open"_s, u"Open"_s, manager.get());
+    QVERIFY(!manager->registerAction(duplicate.get()));
+    manager->unregisterAction(duplicate.get());
+    duplicate.reset();
+    QCOMPARE(manager->getActionByName(u"open"_s), action.get());
+    action.reset();
+    QVERIFY(!manager->getActionByName(u"open"_s));
+
+    // Actions that outlive their manager, as its child or not, must not reach back
+    // into it (AddressSanitizer reports it).
+    zelAction outside(u"open"_s, u"Open"_s, manager.get());
+    new zelAction(u"child"_s, u"Child"_s, manager.get(), manager.get());
+    manager.reset();
+}
+
+void tst_Kernel::messageBox_data()
+{
+    using Box = QMessageBox;
+    QTest::addColumn<Box::StandardButtons>("buttons");
+    QTest::addColumn<QString>("answer");
+    QTest::addColumn<Box::StandardButton>("expected");
+    QTest::newRow("click") << Box::StandardButtons(Box::Yes | Box::No) << u"click"_s << Box::No;
+    QTest::newRow("escape, cancel") << Box::StandardButtons(Box::Ok | Box::Cancel) << u"escape"_s << Box::Cancel;
+    QTest::newRow("escape, no cancel") << Box::StandardButtons(Box::Yes | Box::No) << u"escape"_s << Box::NoButton;
+    QTest::newRow("close, cancel") << Box::StandardButtons(Box::Ok | Box::Cancel) << u"close"_s << Box::Cancel;
+    QTest::newRow("close, no cancel") << Box::StandardButtons(Box::Ok) << u"close"_s << Box::NoButton;
+}
+
+void tst_Kernel::messageBox()
+{
+    QFETCH(QMessageBox::StandardButtons, buttons);
+    QFETCH(QString, answer);
+    QFETCH(QMessageBox::StandardButton, expected);
+    const bool rich = answer == u"click"_s;
+    bool answered = false;
+    // Runs inside the box's event loop: answers first, so a failed check cannot leave it open.
+    QTimer::singleShot(0, this, [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (rich)
+            box->button(QMessageBox::No)->click();
+        else if (answer == u"escape"_s)
+            QTest::keyClick(box, Qt::Key_Escape);
+        else
+            box->close();
+        answered = !box->isVisible();
+        if (!answered)
+            box->reject();
+        QCOMPARE(box->windowTitle(), u"Title"_s);
+        QCOMPARE(box->text(), u"<b>Text</b>"_s);
+        QCOMPARE(box->textFormat(), rich ? Qt::RichText : Qt::PlainText);
+        QVERIFY(box->styleSheet().contains("QMessageBox"_L1));
+        // Relabelling renames the buttons shown and adds none.
+        QCOMPARE(box->standardButtons(), buttons);
+        if (QAbstractButton* yes = box->button(QMessageBox::Yes))
+            QCOMPARE(yes->text(), u"Restart now"_s);
+    });
+    const QMap<QMessageBox::StandardButton, QString> texts {{QMessageBox::Yes, u"Restart now"_s},
+                                                            {QMessageBox::Cancel, u"Give up"_s}};
+    QCOMPARE(kqMessageBox::ShowMessage(u"Title"_s, u"<b>Text</b>"_s, buttons, nullptr, {}, texts, rich), expected);
+    QVERIFY(answered);
+}
+
+void tst_Kernel::windowMover()
+{
+    QWidget window(nullptr, Qt::FramelessWindowHint);
+    window.setGeometry(100, 100, 300, 200);
+    auto* header = new QWidget(&window);
+    header->setGeometry(0, 0, 300, 30);
+    auto* mover = new kq::kqMovableObject(&window);
+    mover->setAnchorObject(header, &window);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+
+    const QPoint moved = window.pos() + QPoint(40, -25);
+    const QPoint grip = header->mapToGlobal(QPoint(10, 10));
+    sendMouse(header, QEvent::MouseButtonPress, grip);
+    sendMouse(header, QEvent::MouseMove, grip + QPoint(40, -25));
+    QCOMPARE(window.pos(), moved);
+    // Once released it stays.
+    sendMouse(header, QEvent::MouseButtonRelease, grip, Qt::NoButton);
+    sendMouse(header, QEvent::MouseMove, grip + QPoint(80, 80));
+    QCOMPARE(window.pos(), moved);
+
+    sendMouse(header, QEvent::MouseButtonDblClick, grip);
+    QVERIFY(!window.isMaximized());
+    mover->setExpandOnDlbClick(true);
+    sendMouse(header, QEvent::MouseButtonDblClick, grip);
+    QTRY_VERIFY(window.isMaximized());
+    sendMouse(header, QEvent::MouseButtonDblClick, grip);
+    QTRY_VERIFY(!window.isMaximized());
+}
+
+void tst_Kernel::logFilter_data()
+{
+    QTest::addColumn<bool>("diagnostics");
+    QTest::addColumn<QString>("blacklist");
+    QTest::addColumn<QStringList>("written");
+    // Debug lines need diagnostics; listed names count in any case, between commas or blanks.
+    QTest::newRow("commas") << true << u"Warning,info"_s << QStringList {"debug", "critical"};
+    QTest::newRow("blanks") << false << u" critical \t WARNING "_s << QStringList {"info"};
+    QTest::newRow("debug listed") << true << u"debug, ,"_s << QStringList {"info", "warning", "critical"};
+}
+
+void tst_Kernel::logFilter()
+{
+    QFETCH(bool, diagnostics);
+    QFETCH(QString, blacklist);
+    QFETCH(QStringList, written);
+    const QString path = m_home.path() + u'/' + QLatin1String(QTest::currentDataTag());
+    const Recording recording;
+    QVERIFY(MTLogger::InstallFileHandler(path.toStdString(), diagnostics, blacklist.toStdString()));
+    qDebug("message-debug");
+    qInfo("message-info");
+    qWarning("message-warning");
+    qCritical("message-critical");
+    MTLogger::UninstallFileHandler();
+    const QString log = readLog(path);
+    for (const QString type : {"debug", "info", "warning", "critical"})
+        QVERIFY2(log.contains(u'[' + type + u"] message-"_s + type) == written.contains(type), qPrintable(type));
+    // The file filter never decides what the handler before sees.
+    QCOMPARE(s_forwarded.size(), 4);
+}
+
+void tst_Kernel::logFile()
+{
+    const Recording recording;
+    // A file that cannot be opened installs nothing.
+    QVERIFY(!MTLogger::InstallFileHandler(m_home.path().toStdString(), true, {}));
+    QVERIFY(qInstallMessageHandler(record) == &record);
+
+    // Installing again moves to the new file, appending to what it holds, but still
+    // forwards to the handler found the first time, once.
+    const QString first = m_home.path() + u"/first.txt"_s, second = m_home.path() + u"/second.txt"_s;
+    QVERIFY(MTLogger::InstallFileHandler(second.toStdString(), false, {}));
+    qWarning("earlier");
+    QVERIFY(MTLogger::InstallFileHandler(first.toStdString(), false, {}));
+    QVERIFY(MTLogger::InstallFileHandler(second.toStdString(), false, {}));
+    qWarning("caf\xc3\xa9 %d", 42);
+    MTLogger::UninstallFileHandler();
+    qWarning("after uninstall");
+    QCOMPARE(s_forwarded, (QStringList {u"earlier"_s, u"caf\u00e9 42"_s, u"after uninstall"_s}));
+    QVERIFY(readLog(first).isEmpty());
+
+    const QStringList lines = readLog(second).split(u'\n', Qt::SkipEmptyParts);
+    // The earlier line is kept, and nothing is written after uninstalling.
+    QCOMPARE(lines.size(), 2);
+    static const QRegularExpression line(QRegularExpression::anchoredPattern(
+        u"\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\.\\d{3} \\[warning\\] caf\u00e9 42"_s));
+    QVERIFY2(line.match(lines.last()).hasMatch(), qPrintable(lines.last()));
+}
+
+void tst_Kernel::spinBoxWheelNeedsFocus_data()
+{
+    QTest::addColumn<bool>("floating");
+    QTest::newRow("zelSpinBox") << false;
+    QTest::newRow("zelDoubleSpinBox") << true;
+}
+
+void tst_Kernel::spinBoxWheelNeedsFocus()
+{
+    QFETCH(bool, floating);
+    QScrollArea scrollArea;
+    scrollArea.resize(240, 160);
+    auto* page = new QWidget;
+    page->setMinimumHeight(2000);
+    QAbstractSpinBox* box = floating ? static_cast<QAbstractSpinBox*>(new zelDoubleSpinBox(page))
+                                     : new zelSpinBox(page);
+    box->setProperty("value", 50);
+    auto* next = new QLineEdit(page);
+    next->move(0, 40);
+    scrollArea.setWidget(page);
+    // Activation would otherwise focus the first field, the box.
+    next->setFocus();
+    scrollArea.show();
+    QVERIFY(QTest::qWaitForWindowActive(&scrollArea));
+    const QScrollBar* scrollBar = scrollArea.verticalScrollBar();
+
+    turnWheelDown(box);
+    QCOMPARE(box->property("value").toInt(), 50);
+    QVERIFY(scrollBar->value() > 0);
+
+    QTest::mouseClick(box, Qt::LeftButton, {}, box->rect().center());
+    QTRY_VERIFY(box->hasFocus());
+    const int scrolled = scrollBar->value();
+    turnWheelDown(box);
+    QCOMPARE(box->property("value").toInt(), 49);
+    QCOMPARE(scrollBar->value(), scrolled);
+
+    QTest::keyClick(box, Qt::Key_Tab);
+    QTRY_VERIFY(next->hasFocus());
+    // Tabbing scrolls the new field into view, so measure from here.
+    const int tabbed = scrollBar->value();
+    turnWheelDown(box);
+    QCOMPARE(box->property("value").toInt(), 49);
+    QVERIFY(scrollBar->value() > tabbed);
+}
+
+void tst_Kernel::settingsApplication()
+{
+    const QString folder = m_home.configPath() + u"/TorvaneBoundlessX64"_s;
+    ZelSettingsApplication application(folder);
+    QCOMPARE(application.getApplicationFolder(), folder);
+    QSettings& settings = application.getSettings();
+    QCOMPARE(settings.format(), QSettings::IniFormat);
+    QCOMPARE(QFileInfo(settings.fileName()).absoluteFilePath(), folder + u"/Settings.ini"_s);
+
+    // Nothing stands behind the stand-alone editor: every such query answers "nothing".
+    QVERIFY(!application.getDMManager() && !application.getDMRenderer() && !application.getGuiPlugin());
+    QVERIFY(!application.getActionManager() && !application.editProject());
+    QVERIFY(application.getPluginsList().empty() && application.getPostSaveEventVector().empty()
+            && application.getSelection().isEmpty());
+    QVERIFY(!application.saveDocument() && !application.removeComponent(7));
+    application.set3DSelectionPickingEnabled(false);
+    QVERIFY(application.is3DSelectionPickingEnabled());
+    application.setScreenshotImageFolder(m_home.path());
+    QVERIFY(application.getScreenshotImageFolder().isNull());
+    QCOMPARE(&application.getSelection(), &application.grabSelection());
+
+    // Deliberately blind to the registry, even for a registered key.
+    ZelControlCenter::RegisterSetting(u"engine"_s, u"deferred"_s, &ZelControlCenter::noOp);
+    QCOMPARE(ZelControlCenter::GetDefaultSettingsValue(u"engine"_s), u"deferred"_s);
+    QVERIFY(application.getDefaultSettingsValue(u"engine"_s).isNull());
+    ZelControlCenter::ClearSettingsValues();
+
+    QVERIFY(application.getLanguageCode().isNull());
+    application.setLanguageCode(u"fr"_s);
+    QCOMPARE(application.getLanguageCode(), u"fr"_s);
+
+    // Diagnostics only for exactly "true" (not a boolean reading); a missing key reads as off.
+    QVERIFY(!application.isDiagModeEnable());
+    settings.setValue(u"enablediag"_s, u"TRUE"_s);
+    QVERIFY(!application.isDiagModeEnable());
+    settings.setValue(u"enablediag"_s, u"true"_s);
+    QVERIFY(application.isDiagModeEnable());
+}
+
+QTEST_MAIN(tst_Kernel)
+#include "tst_kernel.moc"
