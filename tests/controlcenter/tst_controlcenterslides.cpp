@@ -1,40 +1,20 @@
+#include "ControlCenterFakes.h"
 #include "TestHome.h"
-
-#include "TestHost.h"
-#include "TestPage.h"
 #include "ZelCCActionItem.h"
-#include "ZelControlCenter.h"
 
-#include <QElapsedTimer>
-#include <QPropertyAnimation>
-#include <QPushButton>
 #include <QResizeEvent>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 
-using zel::ZelControlCenter;
-using Host = FakeApplication::Host;
+// How long after a counted press or a resize another press is ignored. Nothing marks its end.
+static constexpr int ClickGuard = 500;
 
-namespace {
-
-// How long after a counted press or a resize another press is ignored. Nothing marks
-// its end, so the tests that need it over wait a little longer.
-constexpr int ClickGuard = 500;
-
-bool sliding(const ZelControlCenter* controlCenter)
+static void openMenu(ZelControlCenter* cc)
 {
-    const auto animations = controlCenter->findChildren<QPropertyAnimation*>();
-    return std::any_of(animations.cbegin(), animations.cend(), [](const QPropertyAnimation* animation) {
-        return animation->state() == QAbstractAnimation::Running;
-    });
+    cc->openMenu(true);
+    finishSlides(cc);
 }
-
-void openMenu(ZelControlCenter* controlCenter)
-{
-    controlCenter->openMenu(true);
-    finishSlides(controlCenter);
-}
-
-} // namespace
 
 class TestControlCenterSlides : public QObject
 {
@@ -46,83 +26,93 @@ private Q_SLOTS:
     void menuSlidesOpenAndClosed()
     {
         TestHost host(Host::Viewer);
-        ZelControlCenter* controlCenter = host.controlCenter();
+        ZelControlCenter* cc = host.cc;
         QPushButton external;
         external.setCheckable(true);
-        controlCenter->setControlCenterButton(&external);
-        QVERIFY(!controlCenter->isMenuOpen() && !controlCenter->isVisible());
+        cc->setControlCenterButton(&external);
+        QVERIFY(!cc->isMenuOpen() && !cc->isVisible());
 
-        controlCenter->openMenu(true);
-        QVERIFY(sliding(controlCenter) && external.isChecked());
-        QCOMPARE(host.application().engineUpdates().back(), false);
-        finishSlides(controlCenter);
-        QVERIFY(controlCenter->isMenuOpen() && controlCenter->isVisible());
-        QCOMPARE(controlCenter->controlCenterWidth(), 250);
-        QVERIFY(host.application().engineUpdatesBalanced());
+        cc->openMenu(true);
+        QVERIFY(external.isChecked() && !host.app.engineUpdates.back() && finishSlides(cc));
+        QVERIFY(cc->isMenuOpen() && cc->isVisible() && host.app.engineRuns());
+        QCOMPARE(cc->controlCenterWidth(), 250);
 
         // Already open: done at once.
-        controlCenter->openMenu(true);
-        QVERIFY(!sliding(controlCenter) && controlCenter->isMenuOpen());
-        QVERIFY(host.application().engineUpdatesBalanced());
+        cc->openMenu(true);
+        QVERIFY(!finishSlides(cc) && cc->isMenuOpen() && host.app.engineRuns());
 
-        // Turned around halfway, the slide ends closed.
-        controlCenter->openMenu(false);
-        controlCenter->openMenu(true);
-        controlCenter->openMenu(false);
-        finishSlides(controlCenter);
-        QVERIFY(!controlCenter->isMenuOpen() && !controlCenter->isVisible() && !external.isChecked());
-        QVERIFY(host.application().engineUpdatesBalanced());
+        // Turned around halfway, the running slide goes back; then it closes.
+        cc->openMenu(false);
+        cc->openMenu(true);
+        QVERIFY(finishSlides(cc) && cc->isMenuOpen());
+        cc->openMenu(false);
+        finishSlides(cc);
+        QVERIFY(!cc->isMenuOpen() && !cc->isVisible() && !external.isChecked() && host.app.engineRuns());
 
         // Destroyed halfway: the slide never finishes, the engine runs again all the same.
-        controlCenter->openMenu(true);
-        host.destroyControlCenter();
-        QVERIFY(host.application().engineUpdatesBalanced());
+        cc->openMenu(true);
+        delete host.cc;
+        QVERIFY(host.app.engineRuns());
     }
 
-    void settingsActionSwapsMenuAndDrawer()
+    void drawerSwapsWithTheMenuAndScrollsToPages()
     {
         TestHost host(Host::Viewer);
-        ZelControlCenter* controlCenter = host.controlCenter();
-        TestPage page(&host.application(), "A");
-        controlCenter->registerSettingsPanel(&page);
-        openMenu(controlCenter);
-        page.clearCalls();
+        ZelControlCenter* cc = host.cc;
+        TestPage a(&host.app, "A"), b(&host.app, "B"), c(&host.app, "C");
+        for (TestPage* page : {&a, &b, &c}) {
+            page->setMinimumHeight(500);
+            cc->registerSettingsPanel(page);
+        }
+        openMenu(cc);
+        a.calls.clear();
 
-        const auto* settingsItem = controlCenter->findChild<zel::ZelCCActionItem*>();
-        part<QPushButton>(settingsItem, "actionButton")->click();
-        QVERIFY(sliding(controlCenter) && part(controlCenter, "actionFrame")->isHidden());
-        QCOMPARE(page.calls(), QStringList({"A.initializeWidget", "A.hasModifications", "A.canResetContent"}));
-        finishSlides(controlCenter);
-        QVERIFY(controlCenter->isSettingsOpen() && controlCenter->isMenuOpen());
-        QCOMPARE(controlCenter->settingsWidth(), 450);
+        // Settings keeps the menu open and swaps its column for the drawer, reloading the pages.
+        part<QPushButton>(cc->findChild<zel::ZelCCActionItem*>(), "actionButton")->click();
+        QVERIFY(part(cc, "actionFrame")->isHidden() && finishSlides(cc));
+        QCOMPARE(a.calls, QStringList({"A.initializeWidget", "A.hasModifications", "A.canResetContent"}));
+        QVERIFY(cc->isSettingsOpen() && cc->isMenuOpen());
+        QCOMPARE(cc->settingsWidth(), 450);
+
+        // A page button scrolls its page to the top, or as far as it goes, and stays checked;
+        // scrolling by hand checks the page at the top.
+        QScrollBar* scrollBar = static_cast<QScrollArea*>(cc->settingsWidget())->verticalScrollBar();
+        const QWidget* content = part(cc->settingsWidget(), "settingsContent");
+        QTRY_VERIFY(scrollBar->maximum() > b.mapTo(content, QPoint()).y());
+        b.getActionWidget()->click();
+        finishSlides(cc);
+        QCOMPARE(scrollBar->value(), b.mapTo(content, QPoint()).y());
+        c.getActionWidget()->click();
+        finishSlides(cc);
+        QVERIFY(scrollBar->value() == scrollBar->maximum() && c.getActionWidget()->isChecked());
+        scrollBar->setValue(0);
+        QVERIFY(a.getActionWidget()->isChecked() && !c.getActionWidget()->isChecked());
 
         // Settings again closes the drawer only; the menu comes back.
-        controlCenter->openSettings();
-        finishSlides(controlCenter);
-        QVERIFY(!controlCenter->isSettingsOpen() && controlCenter->isMenuOpen());
-        QVERIFY(controlCenter->settingsWidget()->isHidden() && part(controlCenter, "preferenceFrame")->isHidden());
-        QVERIFY(!part(controlCenter, "actionFrame")->isHidden());
+        cc->openSettings();
+        finishSlides(cc);
+        QVERIFY(!cc->isSettingsOpen() && cc->isMenuOpen() && cc->settingsWidget()->isHidden());
+        QVERIFY(part(cc, "preferenceFrame")->isHidden() && !part(cc, "actionFrame")->isHidden());
 
         // Reopened from closed the pages reload; the drawer's header closes it again.
-        controlCenter->openSettings();
-        finishSlides(controlCenter);
-        QCOMPARE(page.calls().count("A.initializeWidget"), 2);
-        part<QPushButton>(controlCenter, "controlCenterButton")->click();
-        finishSlides(controlCenter);
-        QVERIFY(!controlCenter->isSettingsOpen() && !part(controlCenter, "actionFrame")->isHidden());
+        cc->openSettings();
+        finishSlides(cc);
+        QCOMPARE(a.calls.count("A.initializeWidget"), 2);
+        part<QPushButton>(cc, "controlCenterButton")->click();
+        finishSlides(cc);
+        QVERIFY(!cc->isSettingsOpen() && !part(cc, "actionFrame")->isHidden());
 
         // Closing the menu closes the drawer with it.
-        controlCenter->openSettings();
-        finishSlides(controlCenter);
-        controlCenter->openMenu(false);
-        finishSlides(controlCenter);
-        QVERIFY(!controlCenter->isSettingsOpen() && controlCenter->settingsWidget()->isHidden());
-        QVERIFY(host.application().engineUpdatesBalanced());
+        cc->openSettings();
+        finishSlides(cc);
+        cc->openMenu(false);
+        finishSlides(cc);
+        QVERIFY(!cc->isSettingsOpen() && cc->settingsWidget()->isHidden() && host.app.engineRuns());
     }
 
     void closingWithPendingEdits_data()
     {
-        QTest::addColumn<Host>("host");
+        QTest::addColumn<Host>("kind");
         QTest::addColumn<QMessageBox::StandardButton>("answer");
         QTest::newRow("viewer, Ok") << Host::Viewer << QMessageBox::Ok;
         QTest::newRow("viewer, Cancel") << Host::Viewer << QMessageBox::Cancel;
@@ -131,82 +121,62 @@ private Q_SLOTS:
 
     void closingWithPendingEdits()
     {
-        QFETCH(Host, host);
+        QFETCH(Host, kind);
         QFETCH(QMessageBox::StandardButton, answer);
-        TestHost testHost(host);
-        ZelControlCenter* controlCenter = testHost.controlCenter();
-        TestPage page(&testHost.application(), "A");
-        controlCenter->registerSettingsPanel(&page);
-        openMenu(controlCenter);
-        controlCenter->openSettings();
-        finishSlides(controlCenter);
+        TestHost host(kind);
+        TestPage page(&host.app, "A");
+        host.cc->registerSettingsPanel(&page);
+        openMenu(host.cc);
         page.setModified(true);
-        page.clearCalls();
+        page.calls.clear();
 
-        const MessageBoxAnswerer answerer(answer);
-        controlCenter->openMenu(false);
-        finishSlides(controlCenter);
-        const bool asked = host == Host::Viewer;
-        QCOMPARE(answerer.titles(), asked ? QStringList{"Settings Modification"} : QStringList());
-        QCOMPARE(answerer.texts(),
-                 asked ? QStringList{"You have pending modifications. Continue and discard your changes ?"}
-                       : QStringList());
+        const BoxAnswerer answerer(answer);
+        host.cc->openMenu(false);
+        finishSlides(host.cc);
+        const bool asked = kind == Host::Viewer;
+        const QString question = "Settings Modification: You have pending modifications. Continue and discard "
+                                 "your changes ?";
+        QCOMPARE(answerer.seen, asked ? QStringList{question} : QStringList());
         const bool discarded = !asked || answer == QMessageBox::Ok;
-        QCOMPARE(controlCenter->isMenuOpen(), !discarded);
-        QCOMPARE(page.calls().contains("A.initializeWidget"), discarded);
-        QVERIFY(testHost.application().engineUpdatesBalanced());
+        QCOMPARE(host.cc->isMenuOpen(), !discarded);
+        QCOMPARE(page.calls.contains("A.initializeWidget"), discarded);
+        QVERIFY(host.app.engineRuns());
     }
 
     void pressesOnTheView()
     {
         TestHost host(Host::Viewer);
-        ZelControlCenter* controlCenter = host.controlCenter();
-        TestPage page(&host.application(), "A");
-        controlCenter->registerSettingsPanel(&page);
-        openMenu(controlCenter);
-        const auto pressView = [&] {
-            QTest::mousePress(host.mainView(), Qt::LeftButton, {}, QPoint(20, 20));
-            finishSlides(controlCenter);
+        ZelControlCenter* cc = host.cc;
+        TestPage page(&host.app, "A");
+        cc->registerSettingsPanel(&page);
+        openMenu(cc);
+        page.setModified(true);
+        const BoxAnswerer answerer(QMessageBox::Cancel);
+        const auto press = [cc](QWidget* where) {
+            QTest::mousePress(where, Qt::LeftButton, {}, QPoint(5, 5));
+            finishSlides(cc);
         };
 
-        // No press closes within the guard after a resize of anything.
+        // A press on the view counts once per guard: with pending edits it asks, Cancel keeps both.
+        QTRY_VERIFY((press(host.view), !answerer.seen.isEmpty()));
+        press(host.view);
+        QVERIFY(cc->isMenuOpen() && page.hasModifications() && answerer.seen.size() == 1);
+
+        // Past the guard, a press outside the view counts for nothing; a resize of anything
+        // restarts the guard.
+        QTest::qWait(ClickGuard + 50);
+        press(cc);
+        QTest::qWait(ClickGuard + 50);
         QObject anything;
         QResizeEvent resize(QSize(1, 1), QSize());
         QCoreApplication::sendEvent(&anything, &resize);
-        QElapsedTimer sinceResize;
-        sinceResize.start();
-        pressView();
-        QVERIFY(controlCenter->isMenuOpen());
-        QTRY_VERIFY((pressView(), !controlCenter->isMenuOpen()));
-        QVERIFY(sinceResize.elapsed() >= ClickGuard);
-        QVERIFY(host.application().engineUpdatesBalanced());
+        press(host.view);
+        QVERIFY(cc->isMenuOpen() && answerer.seen.size() == 1);
 
-        // Pending edits: the question decides.
-        openMenu(controlCenter);
-        page.setModified(true);
-        {
-            const MessageBoxAnswerer cancel(QMessageBox::Cancel);
-            QTRY_VERIFY((pressView(), !cancel.texts().isEmpty()));
-        }
-        QVERIFY(controlCenter->isMenuOpen() && page.hasModifications());
-        const MessageBoxAnswerer ok(QMessageBox::Ok);
-        QTRY_VERIFY((pressView(), !controlCenter->isMenuOpen()));
-        QVERIFY(!page.hasModifications() && host.application().engineUpdatesBalanced());
-
-        // Outside the view a press counts for nothing, yet it restarts the guard.
-        openMenu(controlCenter);
-        QTest::qWait(ClickGuard + 100);
-        QTest::mousePress(controlCenter, Qt::LeftButton, {}, QPoint(5, 5));
-        pressView();
-        QVERIFY(controlCenter->isMenuOpen());
-        // On the view, but not under the GUI handler: the same.
-        QWidget elsewhere;
-        controlCenter->setGUIHandler(&elsewhere);
-        QTest::qWait(ClickGuard + 100);
-        pressView();
-        QVERIFY(controlCenter->isMenuOpen());
-        controlCenter->setGUIHandler(host.window());
-        QTRY_VERIFY((pressView(), !controlCenter->isMenuOpen()));
+        // Without pending edits the first counted press on the view closes.
+        page.setModified(false);
+        QTRY_VERIFY((press(host.view), !cc->isMenuOpen()));
+        QVERIFY(host.app.engineRuns());
     }
 };
 
