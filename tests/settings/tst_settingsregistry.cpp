@@ -85,6 +85,7 @@ private Q_SLOTS:
     void folderValidators_data();
     void folderValidators();
     void versionTexts();
+    void releasesResources();
 
 private:
     QString iniPath() const { return m_folder.filePath("Settings.ini"); }
@@ -305,6 +306,15 @@ void SettingsTest::versionTexts()
     QCOMPARE(QString("%1.%2.%3.%4 %5-%6").arg(Version::GetMajor()).arg(Version::GetMinor()).arg(Version::GetRelease())
                  .arg(Version::GetRevision()).arg(Version::GetYear()).arg(Version::GetMonth()),
              "1.1.0.85 2024-1");
+}
+
+// Last: nothing after it may need the library's images.
+void SettingsTest::releasesResources()
+{
+    const QString image = QStringLiteral(":/controlCenter/controlCenter/checked.png");
+    QVERIFY(QFile::exists(image));
+    CC::CleanupRessources();
+    QVERIFY(!QFile::exists(image));
 }
 
 QTEST_GUILESS_MAIN(SettingsTest)
