@@ -106,6 +106,25 @@ QString folderOf(const QString& filePath)
     return QFileInfo(filePath).absolutePath();
 }
 
+bool existsOrCreated(const QString& folder)
+{
+    return QDir(folder).exists() || QDir().mkpath(folder);
+}
+
+// Keeps `value`, normalised, while the folder it needs exists; otherwise takes the
+// normalised default and creates the folder that one needs. False when that fails.
+bool keepOrCreate(const QString& defaultValue, QString& value, QString (*neededFolder)(const QString&))
+{
+    if (!value.isEmpty()) {
+        ZelControlCenter::CleanupFolder(value);
+        if (QDir(neededFolder(value)).exists())
+            return true;
+    }
+    value = defaultValue;
+    ZelControlCenter::CleanupFolder(value);
+    return existsOrCreated(neededFolder(value));
+}
+
 } // namespace
 
 bool ZelControlCenter::ensureBool(const QString&, const QString& defaultValue, QString& value, QString&)
@@ -302,14 +321,7 @@ bool ZelControlCenter::ensureSimplificationRatios(const QString&, const QString&
 
 bool ZelControlCenter::ensureFolder(const QString& defaultValue, QString& value)
 {
-    if (!value.isEmpty()) {
-        CleanupFolder(value);
-        if (QDir(value).exists())
-            return true;
-    }
-    value = defaultValue;
-    CleanupFolder(value);
-    return QDir(value).exists() || QDir().mkpath(value);
+    return keepOrCreate(defaultValue, value, [](const QString& folder) { return folder; });
 }
 
 bool ZelControlCenter::ensureDMCacheFolder(const QString&, const QString& defaultValue, QString& value, QString& error)
@@ -325,15 +337,7 @@ bool ZelControlCenter::ensureDMCacheFolder(const QString&, const QString& defaul
 bool ZelControlCenter::ensureFile(const QString&, const QString& defaultValue, QString& value, QString& error)
 {
     // Only the folder matters: the logger creates the file itself.
-    if (!value.isEmpty()) {
-        CleanupFolder(value);
-        if (QDir(folderOf(value)).exists())
-            return true;
-    }
-    value = defaultValue;
-    CleanupFolder(value);
-    const QString folder = folderOf(value);
-    if (QDir(folder).exists() || QDir().mkpath(folder))
+    if (keepOrCreate(defaultValue, value, folderOf))
         return true;
     error = QCoreApplication::translate("ZelControlCenter",
                                         "Could not use the Torvane log file, file \"%1\" could not be created")
@@ -344,7 +348,7 @@ bool ZelControlCenter::ensureFile(const QString&, const QString& defaultValue, Q
 bool ZelControlCenter::ensureTmpFolder(const QString&, const QString& defaultValue, QString& value, QString& error)
 {
     // The default folder must exist even when the value points elsewhere.
-    if (!QDir(defaultValue).exists() && !QDir().mkpath(defaultValue)) {
+    if (!existsOrCreated(defaultValue)) {
         error = QCoreApplication::translate("ZelControlCenter", "Could not create compulsory folder \"%1\"")
                     .arg(defaultValue);
         return false;
