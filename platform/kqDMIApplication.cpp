@@ -2,9 +2,6 @@
 
 #include <QDesktopServices>
 #include <QFile>
-#include <QHash>
-#include <QMutex>
-#include <QMutexLocker>
 #include <QSettings>
 
 namespace zel {
@@ -28,21 +25,8 @@ bool kqDMIApplication::isDiagModeEnable()
 
 QString kqDMIApplication::GetStylesheet(const QString& name)
 {
-    // Every widget asks in its constructor; keep each sheet after the first read.
-    static QMutex mutex;
-    static QHash<QString, QString> sheets;
-
-    const QMutexLocker locker(&mutex);
-    const auto known = sheets.constFind(name);
-    if (known != sheets.constEnd())
-        return *known;
-
-    QString sheet;
     QFile file(QStringLiteral(":/stylesheets/%1.qss").arg(name));
-    if (file.open(QIODevice::ReadOnly | QIODevice::Text))
-        sheet = QString::fromUtf8(file.readAll());
-    sheets.insert(name, sheet);
-    return sheet;
+    return file.open(QIODevice::ReadOnly | QIODevice::Text) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
 QString kqDMIApplication::GetKernelVersion()

@@ -2,7 +2,6 @@
 
 #include "ZelKernelExport.h"
 
-#include <QPointer>
 #include <QString>
 
 class QWidget;
@@ -37,11 +36,10 @@ protected:
     Q_DISABLE_COPY_MOVE(kqDMGuiPlugin)
 };
 
-// One action queued to run after the next successful save: `slot` of `receiver`.
+// One action the viewer queues to run after its next successful save; the settings
+// editor never saves a document, so it never holds one.
 struct PostSaveEventItem
 {
-    QPointer<QObject> receiver;
-    QByteArray slot;
 };
 
 } // namespace zel

@@ -1,15 +1,13 @@
 #pragma once
 
 #include "ZelKernelExport.h"
-#include "kqDMIApplication.h"
 
 #include <QObject>
 
-#include <vector>
-
 namespace zel {
 
-// The set of scene components the user has selected, in selection order.
+// The scene components the user has selected. The settings editor shows no scene, so
+// it only ever holds an empty one.
 class ZEL_KERNEL_EXPORT kqDMSelection : public QObject
 {
     Q_OBJECT
@@ -19,18 +17,9 @@ public:
     ~kqDMSelection() override;
 
     bool isEmpty() const;
-    const std::vector<kqDMComponentId>& components() const;
-    // Adds `component` unless already selected; true when the selection changed.
-    bool add(kqDMComponentId component);
-    bool remove(kqDMComponentId component);
-    void clear();
-
-Q_SIGNALS:
-    void selectionChanged();
 
 private:
     Q_DISABLE_COPY_MOVE(kqDMSelection)
-    std::vector<kqDMComponentId> m_components;
 };
 
 } // namespace zel

@@ -16,7 +16,7 @@ class ZEL_KERNEL_EXPORT kqMessageBox
 public:
     // Shows `text` under `title` with `buttons` and waits for the answer. `buttonTexts`
     // relabels buttons; `richText` renders `text` as rich text. Returns the button
-    // pressed, or QMessageBox::NoButton (also for Escape when there is no Cancel).
+    // pressed; Escape answers Cancel when there is one.
     static QMessageBox::StandardButton ShowMessage(const QString& title, const QString& text,
                                                    QMessageBox::StandardButtons buttons, QWidget* parent,
                                                    Qt::WindowFlags flags,

@@ -34,7 +34,7 @@ void kqMovableObject::setExpandOnDlbClick(bool expand)
     m_expandOnDoubleClick = expand;
 }
 
-void kqMovableObject::setAnchorObject(QObject* anchor, QWidget* target)
+void kqMovableObject::setAnchorObject(QWidget* anchor, QWidget* target)
 {
     if (m_anchor)
         m_anchor->removeEventFilter(this);

@@ -22,14 +22,14 @@ public:
 
     void setExpandOnDlbClick(bool expand);
     // Dragging `anchor` moves `target`.
-    void setAnchorObject(QObject* anchor, QWidget* target);
+    void setAnchorObject(QWidget* anchor, QWidget* target);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     Q_DISABLE_COPY_MOVE(kqMovableObject)
-    QPointer<QObject> m_anchor;
+    QPointer<QWidget> m_anchor;
     QPointer<QWidget> m_target;
     QPoint m_pressOffset;
     bool m_dragging = false;

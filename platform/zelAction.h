@@ -9,7 +9,7 @@ namespace zel {
 
 class zelActionManager;
 
-// A kernel action: a QAction known by a stable name and shown with a GUI name.
+// A kernel action: a QAction known by a stable name and shown with a GUI name (its text).
 class ZEL_KERNEL_EXPORT zelAction : public QAction
 {
     Q_OBJECT
@@ -21,15 +21,13 @@ public:
     ~zelAction() override;
 
     const QString& getActionName() const;
-    const QString& getActionGuiName() const;
-    // Changes the shown name (and the text); emits changed().
+    QString getActionGuiName() const;
+    // Changes the shown name; emits changed().
     void setActionGuiName(const QString& guiName);
 
 private:
     Q_DISABLE_COPY_MOVE(zelAction)
     QString m_name;
-    QString m_guiName;
-    zelActionManager* m_manager = nullptr;
 };
 
 } // namespace zel

@@ -12,7 +12,7 @@ namespace zel {
 class zelAction;
 
 // Looks kernel actions up by name. Actions register themselves when they are created
-// with a manager and leave it when they are destroyed.
+// with a manager; a destroyed action frees its name.
 class ZEL_KERNEL_EXPORT zelActionManager : public QObject
 {
     Q_OBJECT
@@ -21,9 +21,8 @@ public:
     explicit zelActionManager(QObject* parent = nullptr);
     ~zelActionManager() override;
 
-    // False when another action already uses the name.
+    // False when another living action already uses the name.
     bool registerAction(zelAction* action);
-    void unregisterAction(zelAction* action);
     // The action registered under `name`, or null.
     zelAction* getActionByName(const QString& name) const;
 
