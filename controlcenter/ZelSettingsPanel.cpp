@@ -72,7 +72,12 @@ kqDMIApplication* ZelSettingsPanel::application() const
     return m_application;
 }
 
-QSettings& ZelSettingsPanel::settings() const
+QSettings& ZelSettingsPanel::settings()
+{
+    return *m_settings;
+}
+
+const QSettings& ZelSettingsPanel::settings() const
 {
     return *m_settings;
 }

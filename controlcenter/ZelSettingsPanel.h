@@ -52,15 +52,16 @@ public:
     // the control center discards pending edits: load the stored values into the
     // widgets and forget every pending edit.
     virtual void initializeWidget() = 0;
-    // Called whenever the page emits stateChanged(), to enable Apply: true while the
-    // widgets hold values that differ from the stored ones.
+    // Called whenever the control center re-evaluates its buttons (any page's
+    // stateChanged(), registration, Apply) and before it closes, to enable Apply or ask
+    // about pending edits: true while the widgets differ from the stored values.
     virtual bool hasModifications() const = 0;
     // Called by Apply on every page in registration order: write the pending values
     // to the settings (and to the live application where possible); return true when
     // one of the applied changes only takes effect after a restart.
     virtual bool applyModifications() = 0;
-    // Called whenever the page emits stateChanged(), to enable Reset: true when some
-    // widget does not show its default value.
+    // Called whenever the control center re-evaluates its buttons, to enable Reset:
+    // true when some widget does not show its default value.
     virtual bool canResetContent() const = 0;
     // Called by Reset on every page: put the widgets back to the defaults as pending
     // edits; nothing is written until Apply.
@@ -81,7 +82,8 @@ public:
 
 protected:
     kqDMIApplication* application() const;
-    QSettings& settings() const;
+    QSettings& settings();
+    const QSettings& settings() const;
 
 private:
     Q_DISABLE_COPY_MOVE(ZelSettingsPanel)
