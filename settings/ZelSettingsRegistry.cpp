@@ -31,9 +31,8 @@ std::vector<SettingEndCheck>& endChecks()
 }
 
 // QSettings hands back an unquoted value holding a comma as a list, which
-// QVariant::toString() turns into an empty text. Joined with the separator QSettings
-// itself writes, the text survives; written back as text it is quoted, so the next
-// read gives the same text again.
+// QVariant::toString() turns into an empty text. Validators see it joined with the
+// separator QSettings itself writes.
 QString settingText(const QVariant& stored)
 {
     if (stored.typeId() == QMetaType::QStringList)
@@ -85,12 +84,15 @@ bool ZelControlCenter::EnsureSettings(QSettings& settings, QString& error)
 {
     for (const auto& [key, entry] : registry()) {
         const auto& [defaultValue, validator] = entry;
-        QString value = settingText(settings.value(key, QVariant(defaultValue)));
-        // Returning before sync() leaves a rejected file's bytes as they were; the keys
-        // handled so far are set in memory only.
+        const QVariant stored = settings.value(key, QVariant(defaultValue));
+        const QString text = settingText(stored);
+        QString value = text;
+        // The keys handled so far stay set on `settings`: QSettings writes them out when
+        // it is destroyed or at its next event-loop turn, unless the caller prevents it.
         if (!validator(key, defaultValue, value, error))
             return false;
-        settings.setValue(key, QVariant(value));
+        // An accepted value goes back as it was read, so a list stays the same list.
+        settings.setValue(key, value == text ? stored : QVariant(value));
     }
     settings.sync();
 

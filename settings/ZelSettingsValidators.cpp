@@ -33,14 +33,13 @@ T clamped(T value, T minimum, T maximum)
     return std::min(std::max(value, minimum), maximum);
 }
 
-// QString::toFloat() accepts "nan" and "inf", which no clamping can bring into a range:
-// they count as unparsable. Qt itself clears the ok flag for a number beyond float's
-// range (and for one too small to tell from zero), so those take the default too.
+// Qt clears the ok flag for a number beyond float's range (and for one too small to
+// tell from zero), but accepts "inf" and "nan".
 bool parseFloat(QStringView text, float& number)
 {
     bool ok = false;
     number = text.toFloat(&ok);
-    return ok && std::isfinite(number);
+    return ok;
 }
 
 QString floatText(float number)
@@ -67,7 +66,9 @@ bool clampUnsigned(const QString& defaultValue, QString& value, qulonglong minim
 bool clampFloat(const QString& defaultValue, QString& value, float minimum, float maximum)
 {
     float number = 0;
-    value = parseFloat(value, number) ? floatText(clamped(number, minimum, maximum)) : defaultValue;
+    // An infinity clamps to a bound; "nan" lies nowhere in the range and takes the default.
+    const bool usable = parseFloat(value, number) && !std::isnan(number);
+    value = usable ? floatText(clamped(number, minimum, maximum)) : defaultValue;
     return true;
 }
 

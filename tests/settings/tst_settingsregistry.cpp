@@ -167,7 +167,7 @@ void SettingsTest::catalogue()
     const QString cacheFolder = m_folder.filePath("Gr\u00fc\u00dfe/cache");
     QVERIFY(QDir().mkpath(cacheFolder));
     const QByteArray contents = "\xEF\xBB\xBF" "engine=Deferred\r\nsettingsVersion=1\r\nenablediag=yes\r\n"
-                                "debuglogtypeblacklist=debug, info\r\nrecentFiles=a.step, \"b, c.step\"\r\n"
+                                "debuglogtypeblacklist=debug,\"warning, info\"\r\nrecentFiles=a.step, \"b, c.step\"\r\n"
                                 "[Caf\xC3\xA9]\r\nMen\xC3\xBC=\xE2\x82\xAC 5\r\n[DBCache]\r\ncacheSize=lots\r\n"
                                 "cacheDirectory=" + cacheFolder.toUtf8().replace('/', "\\\\") + "\\\\\r\n"
         + "[Logging]\r\nlogFile=" + m_folder.filePath("missing/log.txt").toUtf8() + "\r\n";
@@ -177,7 +177,6 @@ void SettingsTest::catalogue()
     QCOMPARE(expected.size(), 9);
     expected["settingsVersion"] = "2";
     expected["enablediag"] = "false";
-    expected["debuglogtypeblacklist"] = "debug, info"; // a list to the reader, kept as the text
     expected["DBCache/cacheDirectory"] = cacheFolder;
     expected["Logging/logFile"] = logFile;
     QSettings settings(iniPath(), QSettings::IniFormat);
@@ -207,7 +206,7 @@ void SettingsTest::validators_data()
     rows("cores", CC::ensureCoreNumber, {{"0", "1"}, {"1000", QString::number(QThread::idealThreadCount())}});
     rows("face angle", CC::ensureTesselationMaxFaceAngle, {{"-1", "0"}, {"360", "359"}, {"4.5", "D"}});
     rows("face length", CC::ensureTesselationMaxFaceLength, {{"-3", "0"}, {"0.1234567", "0.123457"}, {"nan", "D"}});
-    rows("face sag", CC::ensureTesselationMaxFaceSag, {{"-0.5", "0"}, {"101", "100"}, {"-inf", "D"}});
+    rows("face sag", CC::ensureTesselationMaxFaceSag, {{"-0.5", "0"}, {"101", "100"}, {"-inf", "0"}});
     rows("triangle cap", CC::ensureLODTrianglesCap, {{"49999", "50000"}, {"500000001", "500000000"}});
     for (const auto memory : {CC::ensureMaxGPUMemory, CC::ensureMaxCPUMemoryRaytracer, CC::ensureMaxCPUMemory3D})
         rows("memory", memory, {{"-1", "D"}, {"134217727", "134217728"}, {"8489271297", "8489271296"}});
@@ -218,7 +217,8 @@ void SettingsTest::validators_data()
          {{"255.255.255.255", "="}, {"192.168.1.256", "D"}, {"256.1.1", "="}, {"a..b-c.", "="}, {"my_host", "D"},
           {"m\u00fcller", "D"}, {"", "D"}, {QString(255, 'a'), "="}, {QString(256, 'a'), "D"}});
     rows("ratios", CC::ensureSimplificationRatios,
-         {{"1/0.5/0.25/0.1/0.05", "="}, {"1//0.5/nan/0.25/0.1/0.05", "1/0.5/0.25/0.1/0.05"},
+         {{"1/0.5/0.25/0.1/0.05", "="}, {"1//0.5/0.25/0.1/0.05/", "1/0.5/0.25/0.1/0.05"},
+          {"1/nan/0.25/0.1/0.05", "1/1/0.25/0.1/0.05"}, {"1/0.5/nan/0.25/0.1/0.05", "1/1/1/1/1"},
           {"1.5/0.5/0.25/0.1/0.001", "1/0.5/0.25/0.1/0.01"}, {"1/0.5/0.25", "1/1/1/1/1"}, {"1/0.5", QString()}});
 }
 
