@@ -8,6 +8,7 @@
 #include "kqMessageBox.h"
 #include "zelAction.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 #include <QColor>
 #include <QCoreApplication>
@@ -97,13 +98,14 @@ ZelControlCenter::ZelControlCenter(kqDMIApplication* application, QWidget* paren
 
     openMenu(false);
 
-    // Choosing Settings swaps the menu for the drawer; it must not close the menu.
     m_settingsAction = std::make_unique<zelAction>(QStringLiteral("Settings"),
                                                    QCoreApplication::translate("ZelControlCenter", "Settings"));
     m_settingsAction->setStatusTip(
         QCoreApplication::translate("ZelControlCenter", "Changes the settings of the application"));
-    registerCCAction(m_settingsAction.get(), QString(), false, false, false);
+    registerCCAction(m_settingsAction.get(), QString(), false, false, true);
     connect(m_settingsAction.get(), SIGNAL(triggered()), this, SLOT(openSettings()));
+    // Choosing Settings swaps the menu for the drawer; it must not close the menu.
+    disconnect(m_settingsAction.get(), SIGNAL(triggered()), this, SLOT(closeMenu()));
 
     // The drawer's header goes back to the menu when clicked while the drawer is open.
     connect(m_ui->controlCenterButton, SIGNAL(clicked(bool)), this, SLOT(setControlCenterVisible(bool)));
@@ -142,6 +144,8 @@ ZelControlCenter::~ZelControlCenter()
 
 void ZelControlCenter::registerSettingsPanel(ZelSettingsPanel* panel)
 {
+    if (std::find(m_panels.cbegin(), m_panels.cend(), panel) != m_panels.cend())
+        return;
     m_panels.push_back(panel);
     connect(panel, SIGNAL(stateChanged()), this, SLOT(onStateChanged()));
     connect(panel, SIGNAL(destroyed(QObject*)), this, SLOT(onPanelDestroyed(QObject*)));
@@ -306,6 +310,7 @@ bool ZelControlCenter::addCCSeparator(const QString& anchorName, const QString& 
         return false;
 
     auto* separator = new QFrame(this);
+    // Qt 6 rejects an alpha given to rgb() (with a warning) and paints nothing.
     separator->setStyleSheet(QStringLiteral("background:rgba(0,0,0,30);"));
     separator->setFixedHeight(1);
     separator->setFixedWidth(std::max(0, width() - SeparatorInset));
@@ -346,7 +351,8 @@ bool ZelControlCenter::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::MouseButtonPress: {
-        if (m_clickTimer.elapsed() < ClickGuard)
+        // A press on a modal window, such as our own question, is not a press on the view.
+        if (m_clickTimer.elapsed() < ClickGuard || QApplication::activeModalWidget())
             break;
         m_clickTimer.restart();
         if (!isClickOnMainView(watched, static_cast<QMouseEvent*>(event)->globalPosition().toPoint()))
@@ -384,7 +390,8 @@ void ZelControlCenter::openMenu(bool open)
         m_widthAnimation->setDirection(QAbstractAnimation::Forward);
         m_ui->preferenceFrame->hide();
     } else {
-        openSettingsPanel(false);
+        // Asked before the drawer moves: a refused close leaves it open with its edits,
+        // where closing it first would have dropped them when it next opens.
         if (hasModifications()) {
             if (!confirmDiscard()) {
                 m_application->setUpdateEngineEnabled(true);
@@ -393,6 +400,7 @@ void ZelControlCenter::openMenu(bool open)
             initializePanels();
             onStateChanged();
         }
+        openSettingsPanel(false);
         m_application->setUpdateEngineEnabled(false);
         if (hasGuiPlugin)
             QCoreApplication::instance()->removeEventFilter(this);
@@ -533,8 +541,9 @@ void ZelControlCenter::openSettingsPanel(bool open)
 
     if (wasVisible != open)
         m_settingsAnimation->start();
-    else if (m_settingsAnimation->state() != QAbstractAnimation::Running)
-        m_application->setUpdateEngineEnabled(true); // already there: nothing slides
+    else if (m_settingsAnimation->state() != QAbstractAnimation::Running
+             && m_widthAnimation->state() != QAbstractAnimation::Running)
+        m_application->setUpdateEngineEnabled(true); // already there and nothing slides
 }
 
 void ZelControlCenter::ensureSettingVisible(QWidget* widget)

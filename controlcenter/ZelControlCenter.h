@@ -102,7 +102,7 @@ public:
     ~ZelControlCenter() override;
 
     // Stacks `panel` in the drawer and adds its page button; the caller keeps ownership.
-    // The panel must declare the signal "stateChanged()".
+    // The panel must declare the signal "stateChanged()". A panel registers once.
     void registerSettingsPanel(ZelSettingsPanel* panel);
     // Takes `panel` out again and re-parents it (and its button) to none; re-evaluates
     // Apply and Reset when `reevaluate` is true.
@@ -123,7 +123,8 @@ public:
     // is open (not owned).
     void setControlCenterButton(QPushButton* button);
     // The sliding drawer: a host places it beside the control center in its own layout;
-    // the control center still deletes it.
+    // the control center still deletes it. A host tearing down may delete it first, but
+    // then only the control center's destructor may follow.
     QWidget* settingsWidget() const;
 
     int controlCenterWidth() const;
@@ -189,13 +190,15 @@ private:
     QElapsedTimer m_clickTimer;
     QPointer<QWidget> m_guiHandler;
     kqDMIApplication* m_application = nullptr;
+    // The mapper, the group and the animations are children of this widget; the
+    // destructor deletes them in its own order.
     QSignalMapper* m_pageMapper = nullptr;
     QPointer<QPushButton> m_controlCenterButton;
     QButtonGroup* m_pageGroup = nullptr;
     QPropertyAnimation* m_widthAnimation = nullptr;
     QPropertyAnimation* m_settingsAnimation = nullptr;
     QPropertyAnimation* m_scrollAnimation = nullptr;
-    // The host may delete the drawer along with the layout it placed it in.
+    // Owned, but a host tearing down may delete it along with its own layout.
     QPointer<QScrollArea> m_drawer;
     bool m_menuOpen = false;
     bool m_settingsOpen = false;

@@ -50,7 +50,7 @@ private Q_SLOTS:
         // Registration order is display and call order; registering initialises the page.
         QStringList journal;
         TestPage a(&host.app, "A", &journal), b(&host.app, "B", &journal), c(&host.app, "C", &journal);
-        for (TestPage* page : {&a, &b, &c})
+        for (TestPage* page : {&a, &b, &c, &a})
             host.cc->registerSettingsPanel(page);
         QCOMPARE(host.cc->settingsPanels(), (Pages{&a, &b, &c}));
         QCOMPARE(journal.filter(".init"),

@@ -127,6 +127,8 @@ private Q_SLOTS:
         TestPage page(&host.app, "A");
         host.cc->registerSettingsPanel(&page);
         openMenu(host.cc);
+        host.cc->openSettings();
+        finishSlides(host.cc);
         page.setModified(true);
         page.calls.clear();
 
@@ -138,8 +140,11 @@ private Q_SLOTS:
                                  "your changes ?";
         QCOMPARE(answerer.seen, asked ? QStringList{question} : QStringList());
         const bool discarded = !asked || answer == QMessageBox::Ok;
+        // A refused close leaves menu, drawer and edits as they were.
         QCOMPARE(host.cc->isMenuOpen(), !discarded);
+        QCOMPARE(host.cc->isSettingsOpen(), !discarded);
         QCOMPARE(page.calls.contains("A.initializeWidget"), discarded);
+        QCOMPARE(page.hasModifications(), !discarded);
         QVERIFY(host.app.engineRuns());
     }
 
@@ -173,8 +178,16 @@ private Q_SLOTS:
         press(host.view);
         QVERIFY(cc->isMenuOpen() && answerer.seen.size() == 1);
 
-        // Without pending edits the first counted press on the view closes.
+        // With a GUI handler, only presses on widgets inside it count.
         page.setModified(false);
+        QWidget elsewhere;
+        cc->setGUIHandler(&elsewhere);
+        QTest::qWait(ClickGuard + 50);
+        press(host.view);
+        QVERIFY(cc->isMenuOpen());
+        cc->setGUIHandler(&host.window);
+
+        // Without pending edits the first counted press on the view closes.
         QTRY_VERIFY((press(host.view), !cc->isMenuOpen()));
         QVERIFY(host.app.engineRuns());
     }
