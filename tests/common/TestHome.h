@@ -4,13 +4,12 @@
 #include <QTemporaryDir>
 
 // Points every per-user folder (home, XDG config/cache/data, temp) at a fresh temporary
-// directory for as long as the object lives, so no test ever touches the real home.
-// Create it before anything reads those folders, e.g. as a member of the test class.
+// directory, so no test ever touches the real home. Create it before anything reads
+// those folders, e.g. as a member of the test class; it lasts for the test program.
 class TestHome
 {
 public:
     TestHome();
-    ~TestHome();
 
     bool isValid() const;
     QString path() const;
@@ -20,9 +19,4 @@ public:
 private:
     Q_DISABLE_COPY_MOVE(TestHome)
     QTemporaryDir m_root;
-    QByteArray m_savedHome;
-    QByteArray m_savedConfig;
-    QByteArray m_savedCache;
-    QByteArray m_savedData;
-    QByteArray m_savedTmp;
 };
