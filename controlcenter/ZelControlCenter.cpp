@@ -53,6 +53,7 @@ ZelControlCenter::ZelControlCenter(kqDMIApplication* application, QWidget* paren
     setStyleSheet(styleSheet);
     setObjectName(QStringLiteral("ZelControlCenter"));
 
+    // The form would translate under its own name; the library's texts live under "ZelControlCenter".
     m_ui->controlCenterButton->setText(QCoreApplication::translate("ZelControlCenter", "Application Settings"));
     m_ui->resetButton->setText(QCoreApplication::translate("ZelControlCenter", "Reset"));
     m_ui->resetButton->setToolTip(QCoreApplication::translate("ZelControlCenter", "Resets all parameters"));
