@@ -1,6 +1,7 @@
 #include "ZelControlCenter.h"
 
 #include "ZelDirectory.h"
+#include "ZelSettingsKeys.h"
 #include "kqSystem.h"
 
 namespace zel {
@@ -26,14 +27,14 @@ void ZelControlCenter::InitDefaultSettingsValues(const QString& applicationName)
         subFolder(QString::fromStdString(ZelDirectory::GetTempFolderUtf8(applicationName.toStdString())),
                   QString::fromStdString(kq::kqSystemUtils::GetCurrentUserNameUtf8()));
 
-    RegisterSetting(QStringLiteral("engine"), QStringLiteral("deferred"), ensureEngine);
-    RegisterSetting(QStringLiteral("settingsVersion"), QString::number(2), ensureSettingsVersion);
-    RegisterSetting(QStringLiteral("enablediag"), QStringLiteral("false"), ensureBool);
-    RegisterSetting(QStringLiteral("debuglogtypeblacklist"), QString(), noOp);
-    RegisterSetting(QStringLiteral("Logging/logFile"), appDataFolder + QStringLiteral("/log.txt"), ensureFile);
+    RegisterSetting(SettingsKeys::Engine, QStringLiteral("deferred"), ensureEngine);
+    RegisterSetting(SettingsKeys::SettingsVersion, QString::number(2), ensureSettingsVersion);
+    RegisterSetting(SettingsKeys::EnableDiag, QStringLiteral("false"), ensureBool);
+    RegisterSetting(SettingsKeys::DebugLogTypeBlacklist, QString(), noOp);
+    RegisterSetting(SettingsKeys::LogFile, appDataFolder + QStringLiteral("/log.txt"), ensureFile);
     // The General page keeps the cache size within its range; the file may hold anything.
-    RegisterSetting(QStringLiteral("DBCache/cacheSize"), QStringLiteral("4096"), noOp);
-    RegisterSetting(QStringLiteral("DBCache/cacheDirectory"), cacheFolder, ensureDMCacheFolder);
+    RegisterSetting(SettingsKeys::CacheSize, QStringLiteral("4096"), noOp);
+    RegisterSetting(SettingsKeys::CacheDirectory, cacheFolder, ensureDMCacheFolder);
 }
 
 } // namespace zel
