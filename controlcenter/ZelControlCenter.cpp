@@ -147,6 +147,14 @@ void ZelControlCenter::registerSettingsPanel(ZelSettingsPanel* panel)
 {
     if (std::find(m_panels.cbegin(), m_panels.cend(), panel) != m_panels.cend())
         return;
+    // Without the signal the string connection fails quietly and Apply never follows the
+    // page's edits: say so where the page's author will see it.
+    if (panel->metaObject()->indexOfSignal("stateChanged()") < 0) {
+        qWarning("ZelControlCenter: the settings page \"%s\" (%s) declares no signal stateChanged(): "
+                 "Apply and Reset will not follow its edits",
+                 qUtf8Printable(panel->getPanelName()), panel->metaObject()->className());
+        Q_ASSERT_X(false, "ZelControlCenter::registerSettingsPanel", "a settings page must declare stateChanged()");
+    }
     m_panels.push_back(panel);
     connect(panel, SIGNAL(stateChanged()), this, SLOT(onStateChanged()));
     connect(panel, SIGNAL(destroyed(QObject*)), this, SLOT(onPanelDestroyed(QObject*)));
@@ -314,7 +322,7 @@ bool ZelControlCenter::addCCSeparator(const QString& anchorName, const QString& 
     // Qt 6 rejects an alpha given to rgb() (with a warning) and paints nothing.
     separator->setStyleSheet(QStringLiteral("background:rgba(0,0,0,30);"));
     separator->setFixedHeight(1);
-    separator->setFixedWidth(std::max(0, width() - SeparatorInset));
+    fitSeparator(separator);
     m_separators.insert(separatorName, separator);
 
     // Separators always go before their anchor; -1 (not found) appends.
@@ -352,6 +360,11 @@ bool ZelControlCenter::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::MouseButtonPress: {
+        // A press reaches us first on the widget's top-level window, then on the widget
+        // under it. Only the second tells which window was hit (a popup list or a tool
+        // window may lie over the view), so the first must not use up the guard.
+        if (watched->inherits("QWidgetWindow"))
+            break;
         // A press on a modal window, such as our own question, is not a press on the view.
         if (m_clickTimer.elapsed() < ClickGuard || QApplication::activeModalWidget())
             break;
@@ -522,6 +535,14 @@ void ZelControlCenter::closeMenu()
     openMenu(false);
 }
 
+void ZelControlCenter::resizeEvent(QResizeEvent* event)
+{
+    // A separator made while the column was closed would otherwise keep a width of 0.
+    for (QFrame* separator : std::as_const(m_separators))
+        fitSeparator(separator);
+    QWidget::resizeEvent(event);
+}
+
 void ZelControlCenter::openSettingsPanel(bool open)
 {
     const bool wasVisible = m_drawer->isVisible();
@@ -623,9 +644,17 @@ bool ZelControlCenter::isClickOnMainView(QObject* watched, const QPoint& globalP
         return false;
     if (!view->rect().translated(view->mapToGlobal(QPoint(0, 0))).contains(globalPosition))
         return false;
-    if (m_guiHandler && watched->isWidgetType())
-        return m_guiHandler->isAncestorOf(static_cast<QWidget*>(watched));
-    return true;
+    if (!watched->isWidgetType())
+        return true; // a window of the view's own, such as an embedded 3D surface
+    const auto* pressed = static_cast<const QWidget*>(watched);
+    if (pressed->window() != view->window())
+        return false;
+    return !m_guiHandler || m_guiHandler->isAncestorOf(pressed);
+}
+
+void ZelControlCenter::fitSeparator(QFrame* separator) const
+{
+    separator->setFixedWidth(std::max(0, width() - SeparatorInset));
 }
 
 } // namespace zel

@@ -17,6 +17,7 @@ class QColor;
 class QFrame;
 class QPropertyAnimation;
 class QPushButton;
+class QResizeEvent;
 class QScrollArea;
 class QSettings;
 class QSignalMapper;
@@ -162,6 +163,8 @@ protected Q_SLOTS:
     void closeMenu();
 
 protected:
+    // Separators follow the column's width as it slides.
+    void resizeEvent(QResizeEvent* event) override;
     void openSettingsPanel(bool open);
     void ensureSettingVisible(QWidget* widget);
     void resetControlCenter();
@@ -181,6 +184,7 @@ private:
     // Position in the menu column of the item of the action named `anchorName`, or -1.
     int actionItemIndex(const QString& anchorName) const;
     bool isClickOnMainView(QObject* watched, const QPoint& globalPosition) const;
+    void fitSeparator(QFrame* separator) const;
 
     std::unique_ptr<Ui::ControlCenter> m_ui;
     std::unique_ptr<zelAction> m_settingsAction;

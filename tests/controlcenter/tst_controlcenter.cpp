@@ -4,6 +4,7 @@
 #include "zelAction.h"
 
 #include <QLabel>
+#include <QProcess>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -21,6 +22,25 @@ static QStringList column(const ZelControlCenter* cc)
     }
     return entries;
 }
+
+// A page whose author forgot the signal.
+class SilentPage : public zel::ZelSettingsPanel
+{
+    Q_OBJECT
+
+public:
+    explicit SilentPage(zel::kqDMIApplication* application)
+        : ZelSettingsPanel(application, application->getSettings())
+    {
+        setPanelName("Silent");
+    }
+    void initializeWidget() override {}
+    bool hasModifications() const override { return false; }
+    bool applyModifications() override { return false; }
+    bool canResetContent() const override { return false; }
+    void resetContent() override {}
+    bool cancelModifications() override { return false; }
+};
 
 class TestControlCenter : public QObject
 {
@@ -146,6 +166,45 @@ private Q_SLOTS:
 
         cc->unregisterCCAction(&d);
         QCOMPARE(column(cc), QStringList({"-", "B", "A", "C", "-", "Settings", "E", "-"}));
+
+        // Made while the column is closed (0 wide), a separator takes its width once it opens.
+        cc->openMenu(true);
+        finishSlides(cc);
+        cc->openMenu(false);
+        finishSlides(cc);
+        QVERIFY(cc->addCCSeparator("E", "late"));
+        cc->openMenu(true);
+        finishSlides(cc);
+        const QWidget* late = part(cc, "actionFrame")->layout()->itemAt(6)->widget();
+        QTRY_COMPARE(late->width(), cc->width() - 18);
+        QVERIFY(late->width() > 0);
+    }
+
+    // A page must declare stateChanged(): without it Apply would never enable. Debug
+    // builds stop at the registration; release builds warn. A child process registers.
+    void aPageWithoutStateChangedIsReported()
+    {
+        if (qEnvironmentVariableIsSet("ZEL_REGISTER_SILENT_PAGE")) {
+            TestHost host(Host::StandAlone);
+            SilentPage page(&host.app);
+            host.cc->registerSettingsPanel(&page);
+            return;
+        }
+        QProcess child;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("ZEL_REGISTER_SILENT_PAGE", "1");
+        child.setProcessEnvironment(environment);
+        child.setProcessChannelMode(QProcess::MergedChannels);
+        child.start(QCoreApplication::applicationFilePath(), {"aPageWithoutStateChangedIsReported"});
+        QVERIFY(child.waitForFinished(60000));
+        const QString output = QString::fromUtf8(child.readAll());
+        QVERIFY2(output.contains(R"(the settings page "Silent" (SilentPage) declares no signal stateChanged())"),
+                 qPrintable(output));
+#ifdef QT_NO_DEBUG
+        QCOMPARE(child.exitStatus(), QProcess::NormalExit);
+#else
+        QCOMPARE(child.exitStatus(), QProcess::CrashExit);
+#endif
     }
 
     void interfaceColor()

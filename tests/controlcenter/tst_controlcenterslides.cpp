@@ -2,6 +2,8 @@
 #include "TestHome.h"
 #include "ZelCCActionItem.h"
 
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QResizeEvent>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -14,6 +16,14 @@ static void openMenu(ZelControlCenter* cc)
 {
     cc->openMenu(true);
     finishSlides(cc);
+}
+
+// A press as the window system delivers it: to the top-level window under the point,
+// which hands it on to the widget there.
+static void pressThroughWindow(QWidget* widget, QPoint position = QPoint(5, 5))
+{
+    QWidget* window = widget->window();
+    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, widget->mapTo(window, position));
 }
 
 class TestControlCenterSlides : public QObject
@@ -158,7 +168,7 @@ private Q_SLOTS:
         page.setModified(true);
         const BoxAnswerer answerer(QMessageBox::Cancel);
         const auto press = [cc](QWidget* where) {
-            QTest::mousePress(where, Qt::LeftButton, {}, QPoint(5, 5));
+            pressThroughWindow(where);
             finishSlides(cc);
         };
 
@@ -190,6 +200,53 @@ private Q_SLOTS:
         // Without pending edits the first counted press on the view closes.
         QTRY_VERIFY((press(host.view), !cc->isMenuOpen()));
         QVERIFY(host.app.engineRuns());
+    }
+
+    void pressesOnWindowsOverTheView_data()
+    {
+        QTest::addColumn<bool>("handler");
+        QTest::newRow("no GUI handler") << false;
+        QTest::newRow("GUI handler") << true;
+    }
+
+    void pressesOnWindowsOverTheView()
+    {
+        QFETCH(bool, handler);
+        TestHost host(Host::Viewer);
+        ZelControlCenter* cc = host.cc;
+        if (handler)
+            cc->setGUIHandler(&host.window);
+        openMenu(cc);
+
+        // A combo box's popup list and a tool window, both lying over the view.
+        QComboBox combo(host.view);
+        combo.addItems({"Millimetre", "Centimetre", "Metre"});
+        combo.move(20, 20);
+        combo.show();
+        QWidget tool(&host.window, Qt::Tool);
+        tool.setGeometry(QRect(host.view->mapToGlobal(QPoint(200, 200)), QSize(120, 80)));
+        tool.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&tool));
+
+        combo.showPopup();
+        QWidget* list = combo.view()->viewport();
+        QTRY_VERIFY(list->isVisible());
+        QTest::qWait(ClickGuard + 50);
+        pressThroughWindow(list, combo.view()->visualRect(combo.model()->index(2, 0)).center());
+        finishSlides(cc);
+        QCOMPARE(combo.currentIndex(), 2);
+        QVERIFY(cc->isMenuOpen());
+
+        QTest::qWait(ClickGuard + 50);
+        pressThroughWindow(&tool);
+        finishSlides(cc);
+        QVERIFY(cc->isMenuOpen());
+
+        // The view itself, under the same conditions, closes the menu.
+        QTest::qWait(ClickGuard + 50);
+        pressThroughWindow(host.view, QPoint(400, 400));
+        finishSlides(cc);
+        QVERIFY(!cc->isMenuOpen());
     }
 };
 
