@@ -11,8 +11,12 @@ namespace zelWheelGuard {
 
 // True when `event` must not reach `box`: a wheel or mouse move while unfocused. The
 // event is then ignored, so that a wheel travels on to the enclosing scroll area.
-inline bool blocks(const QWidget* box, QEvent* event)
+inline bool blocks(QWidget* box, QEvent* event)
 {
+    // A form may hand the box WheelFocus. Until the box really has focus that would
+    // read as focused, and Qt itself would give it focus on the first wheel turn.
+    if (event->type() == QEvent::Polish && box->focusPolicy() == Qt::WheelFocus && !box->hasFocus())
+        box->setFocusPolicy(Qt::StrongFocus);
     if (event->type() != QEvent::Wheel && event->type() != QEvent::MouseMove)
         return false;
     const bool focused = box->focusPolicy() == Qt::WheelFocus;

@@ -3,6 +3,7 @@
 #include "ZelControlCenter.h"
 #include "ZelSettingsApplication.h"
 #include "ZelSettingsPanel.h"
+#include "kqDMManager.h"
 
 #include <QApplication>
 #include <QDir>
@@ -15,8 +16,34 @@
 
 using zel::ZelControlCenter;
 
+// The 3D database manager of a running viewer: writes "<call> <argument>" into `journal`.
+struct FakeManager : zel::kqDMManager {
+    explicit FakeManager(QStringList& journal) : journal(journal) {}
+    void setMaxCacheSize(unsigned int megabytes) override
+    {
+        journal.append(QStringLiteral("setMaxCacheSize %1").arg(megabytes));
+    }
+    void setSimplificationRatios(std::vector<float>& ratios) override
+    {
+        QStringList texts;
+        for (const float ratio : ratios)
+            texts.append(QString::number(ratio));
+        journal.append(QStringLiteral("setSimplificationRatios ") + texts.join('/'));
+    }
+    QStringList& journal;
+};
+
+struct FakePlugin : zel::kqDMPlugin {
+    FakePlugin(const QString& name, const QString& version) : name(name), version(version) {}
+    QString getPluginName() const override { return name; }
+    QString getPluginVersion() const override { return version; }
+    QString name;
+    QString version;
+};
+
 // The stand-alone application (no GUI plug-in), or the viewer: the same with a GUI plug-in
-// that hands out `view` as its main 3D view. Both record every setUpdateEngineEnabled().
+// that hands out `view` as its main 3D view, a 3D database manager and plug-ins. Both record
+// every setUpdateEngineEnabled(); what reaches the kernel goes into `kernel`.
 class FakeApplication : public zel::ZelSettingsApplication
 {
 public:
@@ -28,6 +55,12 @@ public:
 
     explicit FakeApplication(Host host) : ZelSettingsApplication(QDir::tempPath()), viewer(host == Host::Viewer) {}
     zel::kqDMGuiPlugin* getGuiPlugin() const override { return viewer ? &plugin : nullptr; }
+    zel::kqDMManager* getDMManager() const override { return viewer ? &manager : nullptr; }
+    const std::vector<zel::kqDMPlugin*>& getPluginsList() const override { return plugins; }
+    void setScreenshotImageFolder(const QString& folder) override
+    {
+        kernel.append(QStringLiteral("setScreenshotImageFolder ") + folder);
+    }
     void setUpdateEngineEnabled(bool enabled) override { engineUpdates.push_back(enabled); }
     // Every pause was followed by a resume: no call at all, or the last one resumed.
     bool engineRuns() const { return engineUpdates.empty() || engineUpdates.back(); }
@@ -35,6 +68,9 @@ public:
     const bool viewer;
     mutable GuiPlugin plugin;
     std::vector<bool> engineUpdates;
+    QStringList kernel;
+    mutable FakeManager manager {kernel};
+    std::vector<zel::kqDMPlugin*> plugins;
 };
 using Host = FakeApplication::Host;
 

@@ -1,5 +1,6 @@
 // The kernel stand-in, the guarded spin boxes and the stand-alone application object.
 #include "TestHome.h"
+#include "TestInput.h"
 
 #include "MTLogger.h"
 #include "ZelControlCenter.h"
@@ -26,7 +27,6 @@
 #include <QRegularExpression>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QSpontaneKeyEvent>
 #include <QTest>
 #include <QTimer>
 
@@ -66,18 +66,6 @@ void sendMouse(QWidget* widget, QEvent::Type type, QPoint global, Qt::MouseButto
     const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
     QMouseEvent event(type, widget->mapFromGlobal(global), global, button, buttons, Qt::NoModifier);
     QApplication::sendEvent(widget, &event);
-}
-
-// One wheel notch down as the platform delivers it: to the widget under the pointer,
-// spontaneous, so that QApplication passes an ignored event on to the parents.
-void turnWheelDown(QAbstractSpinBox* box)
-{
-    QWidget* target = box->childAt(box->rect().center());
-    const QPointF local = target->rect().center();
-    QWheelEvent event(local, target->mapToGlobal(local), QPoint(), QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QSpontaneKeyEvent::setSpontaneous(&event);
-    QApplication::instance()->notify(target, &event);
 }
 
 } // namespace

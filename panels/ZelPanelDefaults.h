@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QLatin1String>
+
+class QString;
+
+namespace zel::PanelDefaults {
+
+// Each overwrites `field` with the registered default of `key`, converted to the
+// field's type: base-10 integer, double, or exactly "true" for a Boolean. A key that
+// nobody registered leaves `field` alone: a page fills its default model from its
+// widgets first, so that Reset never invents a value it was not given.
+void assign(QString& field, QLatin1String key);
+void assign(int& field, QLatin1String key);
+void assign(double& field, QLatin1String key);
+void assign(bool& field, QLatin1String key);
+
+} // namespace zel::PanelDefaults

@@ -1,0 +1,30 @@
+#pragma once
+
+// Input as the platform delivers it, for tests that drive widgets like a user.
+
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QSpontaneKeyEvent>
+#include <QTest>
+#include <QWheelEvent>
+
+// A click through the top-level window under the widget, which hands it on.
+inline void click(QWidget* widget, QPoint position = QPoint())
+{
+    QWidget* window = widget->window();
+    if (position.isNull())
+        position = widget->rect().center();
+    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, widget->mapTo(window, position));
+}
+
+// One wheel notch down as the platform delivers it: to the widget under the pointer,
+// spontaneous, so that QApplication passes an ignored event on to the parents.
+inline void turnWheelDown(QAbstractSpinBox* box)
+{
+    QWidget* target = box->childAt(box->rect().center());
+    const QPointF local = target->rect().center();
+    QWheelEvent event(local, target->mapToGlobal(local), QPoint(), QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    QApplication::instance()->notify(target, &event);
+}
