@@ -1,0 +1,214 @@
+#include "ZelImportSettingsPanel.h"
+#include "ui_ZelImportSettingsPanel.h"
+
+#include "ZelPanelDefaults.h"
+#include "ZelSettingsKeys.h"
+#include "kqDMIApplication.h"
+
+#include <QSettings>
+
+#include <initializer_list>
+
+namespace zel {
+
+namespace {
+
+// Checks or unchecks each button of one group without a signal.
+void check(std::initializer_list<std::pair<QAbstractButton*, bool>> buttons)
+{
+    for (const auto& [button, checked] : buttons) {
+        const QSignalBlocker blocker(button);
+        button->setChecked(checked);
+    }
+}
+
+} // namespace
+
+bool ImportModel::operator==(const ImportModel& other) const
+{
+    if (qualitySet != other.qualitySet || maxFaceSagSet != other.maxFaceSagSet
+        || maxFaceLengthSet != other.maxFaceLengthSet || maxFaceAngleSet != other.maxFaceAngleSet)
+        return false;
+    if (qualitySet && isHighQuality != other.isHighQuality)
+        return false;
+    // Written as "not equal" so that a NaN on either side differs.
+    if (maxFaceSagSet && !(maxFaceSag == other.maxFaceSag))
+        return false;
+    if (maxFaceLengthSet && !(maxFaceLength == other.maxFaceLength))
+        return false;
+    return !(maxFaceAngleSet && maxFaceAngle != other.maxFaceAngle);
+}
+
+ZelImportSettingsPanel::ZelImportSettingsPanel(kqDMIApplication* application, QSettings& settings,
+                                               QWidget* parent, Qt::WindowFlags flags)
+    : ZelModelSettingsPanel(application, settings, parent, flags)
+    , m_ui(std::make_unique<Ui::ZelImportSettingsPanel>())
+{
+    m_ui->setupUi(this);
+    setResetButton(m_ui->resetButton);
+    setStyleSheet(kqDMIApplication::GetStylesheet(QStringLiteral("ZelImportSettingsPanel")));
+    setPanelName(tr("Tessellation"));
+    setPanelCategory(ImportCategory);
+}
+
+ZelImportSettingsPanel::~ZelImportSettingsPanel() = default;
+
+void ZelImportSettingsPanel::on_defaultQuality_clicked()
+{
+    setQuality(false, true);
+    announceEdit();
+}
+
+void ZelImportSettingsPanel::on_highQuality_clicked()
+{
+    setQuality(true, true);
+    announceEdit();
+}
+
+void ZelImportSettingsPanel::on_lowQuality_clicked()
+{
+    // Deliberately unlike the other edits: the reset button keeps its state until the
+    // next refresh.
+    setQuality(true, false);
+    Q_EMIT stateChanged();
+}
+
+void ZelImportSettingsPanel::on_defaultSag_clicked()
+{
+    setFaceSagSet(false);
+    announceEdit();
+}
+
+void ZelImportSettingsPanel::on_sag_clicked()
+{
+    setFaceSagSet(true);
+    announceEdit();
+}
+
+void ZelImportSettingsPanel::on_defaultLength_clicked()
+{
+    setFaceLengthSet(false);
+    announceEdit();
+}
+
+void ZelImportSettingsPanel::on_length_clicked()
+{
+    setFaceLengthSet(true);
+    announceEdit();
+}
+
+void ZelImportSettingsPanel::on_resetButton_clicked()
+{
+    resetContent();
+}
+
+void ZelImportSettingsPanel::on_defaultAngle_clicked()
+{
+    setFaceAngleSet(false);
+    announceEdit();
+}
+
+void ZelImportSettingsPanel::on_angle_clicked()
+{
+    setFaceAngleSet(true);
+    announceEdit();
+}
+
+void ZelImportSettingsPanel::readSettings(ImportModel& model) const
+{
+    const QSettings& stored = settings();
+    model.qualitySet = stored.value(SettingsKeys::TesselationQualitySet).toBool();
+    model.isHighQuality = stored.value(SettingsKeys::TesselationIsHighQuality).toBool();
+    model.maxFaceSagSet = stored.value(SettingsKeys::TesselationMaxFaceSagSet).toBool();
+    model.maxFaceLengthSet = stored.value(SettingsKeys::TesselationMaxFaceLengthSet).toBool();
+    model.maxFaceAngleSet = stored.value(SettingsKeys::TesselationMaxFaceAngleSet).toBool();
+    model.maxFaceSag = stored.value(SettingsKeys::TesselationMaxFaceSag).toDouble();
+    model.maxFaceLength = stored.value(SettingsKeys::TesselationMaxFaceLength).toDouble();
+    model.maxFaceAngle = stored.value(SettingsKeys::TesselationMaxFaceAngle).toInt();
+}
+
+void ZelImportSettingsPanel::getDefaultSettings(ImportModel& model) const
+{
+    getCurrentModel(model);
+    PanelDefaults::assign(model.qualitySet, SettingsKeys::TesselationQualitySet);
+    PanelDefaults::assign(model.maxFaceSagSet, SettingsKeys::TesselationMaxFaceSagSet);
+    PanelDefaults::assign(model.maxFaceLengthSet, SettingsKeys::TesselationMaxFaceLengthSet);
+    PanelDefaults::assign(model.maxFaceAngleSet, SettingsKeys::TesselationMaxFaceAngleSet);
+    PanelDefaults::assign(model.isHighQuality, SettingsKeys::TesselationIsHighQuality);
+    PanelDefaults::assign(model.maxFaceSag, SettingsKeys::TesselationMaxFaceSag);
+    PanelDefaults::assign(model.maxFaceLength, SettingsKeys::TesselationMaxFaceLength);
+    PanelDefaults::assign(model.maxFaceAngle, SettingsKeys::TesselationMaxFaceAngle);
+}
+
+void ZelImportSettingsPanel::getCurrentModel(ImportModel& model) const
+{
+    model.qualitySet = !m_ui->defaultQuality->isChecked();
+    model.maxFaceSagSet = !m_ui->defaultSag->isChecked();
+    model.maxFaceLengthSet = !m_ui->defaultLength->isChecked();
+    model.maxFaceAngleSet = !m_ui->defaultAngle->isChecked();
+    // Reads "high" while the quality is "Default", where it does not count.
+    model.isHighQuality = !m_ui->lowQuality->isChecked();
+    model.maxFaceSag = m_ui->faceSagSpin->value();
+    model.maxFaceLength = m_ui->faceLengthSpin->value();
+    model.maxFaceAngle = m_ui->faceAngleSpin->value();
+}
+
+void ZelImportSettingsPanel::applyModel(const ImportModel& model)
+{
+    setQuality(model.qualitySet, model.isHighQuality);
+    setFaceSagSet(model.maxFaceSagSet);
+    setFaceLengthSet(model.maxFaceLengthSet);
+    setFaceAngleSet(model.maxFaceAngleSet);
+    // A limit that is not set still shows its value, greyed.
+    const QSignalBlocker sag(m_ui->faceSagSpin);
+    const QSignalBlocker length(m_ui->faceLengthSpin);
+    const QSignalBlocker angle(m_ui->faceAngleSpin);
+    m_ui->faceSagSpin->setValue(model.maxFaceSag);
+    m_ui->faceLengthSpin->setValue(model.maxFaceLength);
+    m_ui->faceAngleSpin->setValue(model.maxFaceAngle);
+}
+
+void ZelImportSettingsPanel::saveSettingsInternal()
+{
+    // Every key, also the values of limits that are not set.
+    QSettings& stored = settings();
+    stored.setValue(SettingsKeys::TesselationQualitySet, !m_ui->defaultQuality->isChecked());
+    stored.setValue(SettingsKeys::TesselationMaxFaceSagSet, !m_ui->defaultSag->isChecked());
+    stored.setValue(SettingsKeys::TesselationMaxFaceLengthSet, !m_ui->defaultLength->isChecked());
+    stored.setValue(SettingsKeys::TesselationMaxFaceAngleSet, !m_ui->defaultAngle->isChecked());
+    stored.setValue(SettingsKeys::TesselationIsHighQuality, !m_ui->lowQuality->isChecked());
+    stored.setValue(SettingsKeys::TesselationMaxFaceSag, m_ui->faceSagSpin->value());
+    stored.setValue(SettingsKeys::TesselationMaxFaceLength, m_ui->faceLengthSpin->value());
+    stored.setValue(SettingsKeys::TesselationMaxFaceAngle, m_ui->faceAngleSpin->value());
+}
+
+void ZelImportSettingsPanel::setQuality(bool set, bool high)
+{
+    check({{m_ui->defaultQuality, !set}, {m_ui->lowQuality, set && !high}, {m_ui->highQuality, set && high}});
+}
+
+void ZelImportSettingsPanel::setFaceSagSet(bool set)
+{
+    check({{m_ui->defaultSag, !set}, {m_ui->sag, set}});
+    m_ui->faceSagSpin->setEnabled(set);
+}
+
+void ZelImportSettingsPanel::setFaceLengthSet(bool set)
+{
+    check({{m_ui->defaultLength, !set}, {m_ui->length, set}});
+    m_ui->faceLengthSpin->setEnabled(set);
+}
+
+void ZelImportSettingsPanel::setFaceAngleSet(bool set)
+{
+    check({{m_ui->defaultAngle, !set}, {m_ui->angle, set}});
+    m_ui->faceAngleSpin->setEnabled(set);
+}
+
+void ZelImportSettingsPanel::announceEdit()
+{
+    checkContent();
+    Q_EMIT stateChanged();
+}
+
+} // namespace zel
