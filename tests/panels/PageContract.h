@@ -93,6 +93,9 @@ inline void checkPageContract(zel::ZelSettingsPanel& page, const QSettings& sett
 
     // An edit announces itself and writes nothing; loading again drops it.
     edit();
+    // The user moves on: a field that still has the focus finishes its edit now.
+    if (QWidget* focused = QApplication::focusWidget())
+        focused->clearFocus();
     QVERIFY(changed.count() > 0);
     QVERIFY(page.hasModifications());
     QVERIFY(storedState(settings) == stored);
