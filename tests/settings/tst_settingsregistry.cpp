@@ -1,6 +1,5 @@
 #include "TestHome.h"
-#include "ZelControlCenter.h"
-#include "ZelControlCenterVersion.h"
+#include "ZelSettings.h"
 #include "kqDMRenderer.h"
 #include "kqSystem.h"
 
@@ -15,8 +14,7 @@
 #include <unistd.h>
 
 using zel::SettingValidator;
-using CC = zel::ZelControlCenter;
-using Version = ZelControlCenter::Version;
+using CC = zel::ZelSettings;
 
 Q_DECLARE_METATYPE(zel::SettingValidator)
 
@@ -80,12 +78,11 @@ private Q_SLOTS:
     void init();
     void registryAndPass();
     void catalogue();
+    void pageDefaults();
     void validators_data();
     void validators();
     void folderValidators_data();
     void folderValidators();
-    void versionTexts();
-    void releasesResources();
 
 private:
     QString iniPath() const { return m_folder.filePath("Settings.ini"); }
@@ -183,6 +180,24 @@ void SettingsTest::catalogue()
     QString error;
     QVERIFY(CC::EnsureSettings(settings, error));
     QCOMPARE(values(iniPath()), expected);
+}
+
+void SettingsTest::pageDefaults()
+{
+    CC::InitDefaultSettingsValues(CC::GetApplicationName());
+    CC::InitPageSettingsValues();
+    QCOMPARE(CC::GetDefaultSettingsValues().size(), 28u);
+    QCOMPARE(CC::GetSettingsFile(CC::GetApplicationName()), m_home.configPath() + "/TorvaneBoundlessX64/Settings.ini");
+    QCOMPARE(CC::GetDefaultSettingsValue("screenshot/ImageFolder"), m_home.path() + "/home/Pictures/Torvane");
+    QCOMPARE(CC::GetDefaultSettingsValue("raytracer/coreNumber"), QString::number(QThread::idealThreadCount()));
+
+    // What a new user sees is already valid: the pass would store every default as it is.
+    for (const auto& [key, entry] : CC::GetDefaultSettingsValues()) {
+        QString value = entry.first;
+        QString error;
+        QVERIFY2(entry.second(key, entry.first, value, error), qPrintable(key));
+        QVERIFY2(value == entry.first, qPrintable(key + ": " + value));
+    }
 }
 
 void SettingsTest::validators_data()
@@ -292,29 +307,6 @@ void SettingsTest::folderValidators()
     QCOMPARE(value, inBase(expected));
     QCOMPARE(base.exists("new"), validator == &CC::ensureTmpFolder || expected.startsWith("new"));
     QCOMPARE(QFileInfo::exists(value), validator != &CC::ensureFile); // the logger creates its file
-}
-
-void SettingsTest::versionTexts()
-{
-    for (const bool alternative : {false, true}) {
-        QCOMPARE(Version::GetDescStringMajorMinor(alternative), "1.1");
-        QCOMPARE(Version::GetDescStringMajorMinorRelease(alternative), "1.1.0");
-        QCOMPARE(Version::GetDescStringMajorMinorReleaseRevision(alternative), "1.1.0.85");
-    }
-    // The month is not zero-padded.
-    QCOMPARE(Version::GetDescStringMajorMinorReleaseRevisionDate(), "1.1.0.85 2024-1");
-    QCOMPARE(QString("%1.%2.%3.%4 %5-%6").arg(Version::GetMajor()).arg(Version::GetMinor()).arg(Version::GetRelease())
-                 .arg(Version::GetRevision()).arg(Version::GetYear()).arg(Version::GetMonth()),
-             "1.1.0.85 2024-1");
-}
-
-// Last: nothing after it may need the library's images.
-void SettingsTest::releasesResources()
-{
-    const QString image = QStringLiteral(":/controlCenter/controlCenter/checked.png");
-    QVERIFY(QFile::exists(image));
-    CC::CleanupRessources();
-    QVERIFY(!QFile::exists(image));
 }
 
 QTEST_GUILESS_MAIN(SettingsTest)
