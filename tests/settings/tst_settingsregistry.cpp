@@ -1,3 +1,4 @@
+#include "SettingsFiles.h"
 #include "TestHome.h"
 #include "ZelSettings.h"
 #include "kqDMRenderer.h"
@@ -26,12 +27,6 @@ QStringList seen;
 QByteArray onDiskAtEndCheck;
 bool endCheckFails = false;
 
-QByteArray fileBytes(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 // Upper-cases every value; fails at the key "boom".
 bool record(const QString& key, const QString&, QString& value, QString& error)
 {
@@ -47,16 +42,6 @@ bool firstCheck(QSettings& settings, QString& error)
     onDiskAtEndCheck = fileBytes(settings.fileName());
     error = "first failed";
     return !endCheckFails;
-}
-
-// Every key and value a fresh reader sees.
-QVariantMap values(const QString& path)
-{
-    const QSettings settings(path, QSettings::IniFormat);
-    QVariantMap values;
-    for (const QString& key : settings.allKeys())
-        values.insert(key, settings.value(key));
-    return values;
 }
 
 // Table rows for one validator: (input, expected output), where "=" keeps the input and
@@ -124,7 +109,7 @@ void SettingsTest::registryAndPass()
     QVERIFY(CC::EnsureSettings(settings, error));
     QCOMPARE(seen, QStringList({"A", "a/x", "b", "c", "first", "second"}));
     QVERIFY(onDiskAtEndCheck.contains("b=STORED")); // synced before the end checks
-    QCOMPARE(values(iniPath()),
+    QCOMPARE(iniValues(iniPath()),
              QVariantMap({{"A", "DEFAULT A"}, {"a/x", "DEFAULT A/X"}, {"b", "STORED"}, {"c", "DEFAULT C"}}));
 
     seen.clear();
@@ -170,7 +155,7 @@ void SettingsTest::catalogue()
         + "[Logging]\r\nlogFile=" + m_folder.filePath("missing/log.txt").toUtf8() + "\r\n";
     QFile file(iniPath());
     QVERIFY(file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size() && file.flush());
-    QVariantMap expected = values(iniPath());
+    QVariantMap expected = iniValues(iniPath());
     QCOMPARE(expected.size(), 9);
     expected["settingsVersion"] = "2";
     expected["enablediag"] = "false";
@@ -179,7 +164,7 @@ void SettingsTest::catalogue()
     QSettings settings(iniPath(), QSettings::IniFormat);
     QString error;
     QVERIFY(CC::EnsureSettings(settings, error));
-    QCOMPARE(values(iniPath()), expected);
+    QCOMPARE(iniValues(iniPath()), expected);
 }
 
 void SettingsTest::pageDefaults()

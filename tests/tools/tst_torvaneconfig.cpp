@@ -1,5 +1,6 @@
 // torvane-config as users run it: a real process on real files, with every per-user
 // folder in a temporary one.
+#include "SettingsFiles.h"
 #include "TestHome.h"
 #include "ZelSettings.h"
 
@@ -38,25 +39,10 @@ Result run(const QStringList& arguments, const QStringList& environment = {})
             QString::fromUtf8(process.readAllStandardError())};
 }
 
-QByteArray fileBytes(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 bool writeBytes(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
-QVariantMap values(const QString& path)
-{
-    const QSettings settings(path, QSettings::IniFormat);
-    QVariantMap values;
-    for (const QString& key : settings.allKeys())
-        values.insert(key, settings.value(key));
-    return values;
 }
 
 // The file as the editor's pass leaves it.
@@ -223,22 +209,22 @@ void TorvaneConfigTest::set()
 void TorvaneConfigTest::setAndResetKeepTheRest()
 {
     QVERIFY(writeBytes(iniPath(), HandEdited));
-    QVariantMap expected = values(iniPath());
+    QVariantMap expected = iniValues(iniPath());
 
     QCOMPARE(run(onFile({"set", "engine", "software"})).exitCode, 0);
     expected["engine"] = "software";
-    QCOMPARE(values(iniPath()), expected);
+    QCOMPARE(iniValues(iniPath()), expected);
 
     // A key nothing uses may be reset (a typo, say); one neither known nor stored may not.
     QCOMPARE(run(onFile({"reset", "DBCache/cachesize", "Resources/MaxGPUMemory", "language"})).exitCode, 0);
     expected.remove("DBCache/cachesize");
     expected.remove("Resources/MaxGPUMemory");
-    QCOMPARE(values(iniPath()), expected);
+    QCOMPARE(iniValues(iniPath()), expected);
 
     QCOMPARE(run(onFile({"reset", "--all"})).exitCode, 0);
     for (const QString key : {"engine", "settingsVersion", "debuglogtypeblacklist", "Resources/LODTrianglesCap"})
         expected.remove(key);
-    QCOMPARE(values(iniPath()), expected);
+    QCOMPARE(iniValues(iniPath()), expected);
     QCOMPARE(expected.keys(), QStringList({"Caf\u00e9/Men\u00fc", "recentFiles"}));
 
     // Nothing stored: nothing written, not even an empty file.
@@ -306,7 +292,7 @@ void TorvaneConfigTest::editorOpenAtTheSameTime()
     QCOMPARE(run(onFile({"set", "enablediag", "true"})).exitCode, 0);
     editor.sync();
     QCOMPARE(editor.value("enablediag").toString(), "true");
-    QCOMPARE(values(iniPath()),
+    QCOMPARE(iniValues(iniPath()),
              QVariantMap({{"engine", "deferred"}, {"enablediag", "true"}, {"language", "fr"}}));
 }
 
