@@ -26,7 +26,8 @@ struct ConfigRequest
 // and what it takes. Commands and options are checked here, keys by the commands.
 ConfigRequest parseConfigCommandLine(const QStringList& arguments);
 
-// The command closest to `name`, or a null text when none is close.
+// The entry of `names` that differs from `name` only in case, else the one at most two
+// edits away; a null text when none is that close. For commands and keys alike.
 QString closestName(const QString& name, const QStringList& names);
 
 } // namespace zel

@@ -253,8 +253,9 @@ int ConfigCommands::check(bool fix)
         settings.setValue(key, value);
     const int result = saved(settings);
     if (result == ExitDone)
-        m_out << QStringLiteral("Repaired %1 value(s); the previous file is kept as %2.bak")
-                     .arg(QString::number(repairs.size()), m_file)
+        m_out << QStringLiteral("Repaired %1 %2; the previous file is kept as %3.bak")
+                     .arg(QString::number(repairs.size()),
+                          repairs.size() == 1 ? QStringLiteral("value") : QStringLiteral("values"), m_file)
               << Qt::endl;
     return result;
 }
