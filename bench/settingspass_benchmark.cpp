@@ -2,7 +2,7 @@
 // each key, writing it back and syncing once. Run by hand on a release build; every
 // file lives in a temporary folder.
 
-#include "ZelControlCenter.h"
+#include "ZelSettings.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -16,7 +16,7 @@
 #include <vector>
 
 using zel::SettingValidator;
-using zel::ZelControlCenter;
+using zel::ZelSettings;
 
 namespace {
 
@@ -32,18 +32,18 @@ struct Setting
 const std::vector<Setting>& realisticMix()
 {
     static const std::vector<Setting> mix = {
-        {ZelControlCenter::ensureBool, QStringLiteral("false"), QStringLiteral("true")},
-        {ZelControlCenter::ensureEngine, QStringLiteral("deferred"), QStringLiteral("Software")},
-        {ZelControlCenter::ensureCacheSize, QStringLiteral("4096"), QStringLiteral("2048")},
-        {ZelControlCenter::ensureTesselationMaxFaceLength, QStringLiteral("1"), QStringLiteral("250.5")},
-        {ZelControlCenter::ensureMaxGPUMemory, QStringLiteral("536870912"), QStringLiteral("1")},
-        {ZelControlCenter::ensureSceneUnit, QStringLiteral("1"), QStringLiteral("0.0105")},
-        {ZelControlCenter::ensureIpOrHostName, QStringLiteral("localhost"), QStringLiteral("192.168.1.20")},
-        {ZelControlCenter::ensureSimplificationRatios, QStringLiteral("1/0.5/0.25/0.1/0.05"),
+        {ZelSettings::ensureBool, QStringLiteral("false"), QStringLiteral("true")},
+        {ZelSettings::ensureEngine, QStringLiteral("deferred"), QStringLiteral("Software")},
+        {ZelSettings::ensureCacheSize, QStringLiteral("4096"), QStringLiteral("2048")},
+        {ZelSettings::ensureTesselationMaxFaceLength, QStringLiteral("1"), QStringLiteral("250.5")},
+        {ZelSettings::ensureMaxGPUMemory, QStringLiteral("536870912"), QStringLiteral("1")},
+        {ZelSettings::ensureSceneUnit, QStringLiteral("1"), QStringLiteral("0.0105")},
+        {ZelSettings::ensureIpOrHostName, QStringLiteral("localhost"), QStringLiteral("192.168.1.20")},
+        {ZelSettings::ensureSimplificationRatios, QStringLiteral("1/0.5/0.25/0.1/0.05"),
          QStringLiteral("1/0.6/0.3/0.1/0.05")},
-        {ZelControlCenter::noOp, QString(), QStringLiteral("debug, info")},
-        {ZelControlCenter::ensureCoreNumber, QStringLiteral("1"), QStringLiteral("1000")},
-        {ZelControlCenter::ensureBool, QStringLiteral("true"), QString()},
+        {ZelSettings::noOp, QString(), QStringLiteral("debug, info")},
+        {ZelSettings::ensureCoreNumber, QStringLiteral("1"), QStringLiteral("1000")},
+        {ZelSettings::ensureBool, QStringLiteral("true"), QString()},
     };
     return mix;
 }
@@ -51,9 +51,9 @@ const std::vector<Setting>& realisticMix()
 const std::vector<Setting>& noOpOnly()
 {
     static const std::vector<Setting> mix = {
-        {ZelControlCenter::noOp, QStringLiteral("default"), QStringLiteral("stored")},
-        {ZelControlCenter::noOp, QString(), QStringLiteral("debug, info")},
-        {ZelControlCenter::noOp, QStringLiteral("4096"), QString()},
+        {ZelSettings::noOp, QStringLiteral("default"), QStringLiteral("stored")},
+        {ZelSettings::noOp, QString(), QStringLiteral("debug, info")},
+        {ZelSettings::noOp, QStringLiteral("4096"), QString()},
     };
     return mix;
 }
@@ -67,14 +67,14 @@ QString keyName(int index)
 // Registers `count` keys cycling through `mix` and writes the file they are read from.
 QByteArray prepare(int count, const std::vector<Setting>& mix, const QString& path)
 {
-    ZelControlCenter::ClearSettingsValues();
+    ZelSettings::ClearSettingsValues();
     QFile::remove(path);
     {
         QSettings settings(path, QSettings::IniFormat);
         for (int index = 0; index < count; ++index) {
             const Setting& setting = mix[std::size_t(index) % mix.size()];
             const QString key = keyName(index);
-            ZelControlCenter::RegisterSetting(key, setting.defaultValue, setting.validator);
+            ZelSettings::RegisterSetting(key, setting.defaultValue, setting.validator);
             if (!setting.stored.isNull())
                 settings.setValue(key, setting.stored);
         }
@@ -130,11 +130,11 @@ int main(int argc, char** argv)
     for (const int count : {10, 1000, 100000}) {
         for (const auto& [mixName, mix] : mixes) {
             const QByteArray bytes = prepare(count, *mix, path);
-            const auto& registry = ZelControlCenter::GetDefaultSettingsValues();
+            const auto& registry = ZelSettings::GetDefaultSettingsValues();
 
             const auto pass = [](QSettings& settings) {
                 QString error;
-                if (!ZelControlCenter::EnsureSettings(settings, error))
+                if (!ZelSettings::EnsureSettings(settings, error))
                     qFatal("The pass failed: %s", qPrintable(error));
             };
             const auto floor = [&registry](QSettings& settings) {
@@ -163,6 +163,6 @@ int main(int argc, char** argv)
             out.flush();
         }
     }
-    ZelControlCenter::ClearSettingsValues();
+    ZelSettings::ClearSettingsValues();
     return 0;
 }

@@ -22,6 +22,13 @@
 
 #include <algorithm>
 
+// Q_CLEANUP_RESOURCE declares the rcc function in the enclosing namespace, which must
+// be the global one.
+static void releaseControlCenterResources()
+{
+    Q_CLEANUP_RESOURCE(ZelControlCenter);
+}
+
 namespace zel {
 
 namespace {
@@ -42,6 +49,11 @@ QString modificationTitle()
 }
 
 } // namespace
+
+void ZelControlCenter::CleanupRessources()
+{
+    releaseControlCenterResources();
+}
 
 ZelControlCenter::ZelControlCenter(kqDMIApplication* application, QWidget* parent, Qt::WindowFlags flags)
     : QWidget(parent, flags)

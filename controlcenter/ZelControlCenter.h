@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ZelControlCenterExport.h"
-#include "ZelSettingsTypes.h"
+#include "ZelSettings.h"
 
 #include <QElapsedTimer>
 #include <QMap>
@@ -36,64 +36,19 @@ class ZelSettingsPanel;
 // The side panel that a host embeds beside its 3D view: a menu column of action
 // buttons and a sliding drawer that stacks the registered settings pages.
 //
-// The class also owns the process-wide registry of Settings.ini keys, their
-// defaults and validators, and the validation pass over a QSettings. That half is
-// static and usable before any widget exists (see settings/).
-class ZEL_CONTROLCENTER_EXPORT ZelControlCenter : public QWidget
+// The registry of Settings.ini keys, the validation pass and the validators are
+// inherited from ZelSettings, so an embedding application reaches them as
+// ZelControlCenter::RegisterSetting and the like, and a validator has one address
+// whichever class names it.
+class ZEL_CONTROLCENTER_EXPORT ZelControlCenter : public QWidget, public ZelSettings
 {
     Q_OBJECT
     Q_PROPERTY(int controlCenterWidth READ controlCenterWidth WRITE setControlCenterWidth)
     Q_PROPERTY(int settingsWidth READ settingsWidth WRITE setSettingsWidth)
 
 public:
-    // ---- Setting registry and validation pass -------------------------------------
-
-    // Adds `key` with its default and validator; false (and nothing changed) when the
-    // key is already registered: the first registration wins.
-    static bool RegisterSetting(const QString& key, const QString& defaultValue, SettingValidator validator);
-    // The registered default, or a null QString for an unknown key.
-    static QString GetDefaultSettingsValue(const QString& key);
-    static const SettingsRegistry& GetDefaultSettingsValues();
-    // Empties the registry; the end checks stay.
-    static void ClearSettingsValues();
-    // Appends `check`; false when that very function is already registered.
-    static bool RegisterEndCheckFunction(SettingEndCheck check);
-    // Reads, validates and writes back every registered key in key order, syncs, then
-    // runs the end checks. On false, `error` holds the failing validator's text.
-    static bool EnsureSettings(QSettings& settings, QString& error);
-    // Registers the library's own keys; folders are derived from `applicationName`.
-    static void InitDefaultSettingsValues(const QString& applicationName);
-    // Every "\" becomes "/", then one trailing "/" is dropped.
-    static void CleanupFolder(QString& path);
     // Releases the library's compiled-in images before the library unloads.
     static void CleanupRessources();
-
-    // ---- Validators (signature of SettingValidator) -------------------------------
-    static bool noOp(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensureSettingsVersion(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensureBool(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensureEngine(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensureLogLevel(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensurePositiveInteger(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensurePortValue(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensureCacheSize(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensureSimplificationRAM(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensureSimplificationThreads(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensureCoreNumber(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensureTesselationMaxFaceAngle(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensureTesselationMaxFaceLength(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensureTesselationMaxFaceSag(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensureLODTrianglesCap(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensureMaxGPUMemory(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensureMaxCPUMemoryRaytracer(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensureMaxCPUMemory3D(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensureRaytracerQuality(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensureSceneUnit(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensureIpOrHostName(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensureSimplificationRatios(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensureFile(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensureDMCacheFolder(const QString& key, const QString& defaultValue, QString& value, QString& error);
-    static bool ensureTmpFolder(const QString& key, const QString& defaultValue, QString& value, QString& error);
 
     // ---- The side panel -----------------------------------------------------------
 
@@ -175,8 +130,6 @@ private Q_SLOTS:
 
 private:
     Q_DISABLE_COPY_MOVE(ZelControlCenter)
-
-    static bool ensureFolder(const QString& defaultValue, QString& value);
 
     // Asks before pending edits are dropped (only inside the viewer); true to go on.
     bool confirmDiscard() const;

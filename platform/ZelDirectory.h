@@ -1,12 +1,12 @@
 #pragma once
 
-#include "ZelKernelExport.h"
+#include "ZelKernelCoreExport.h"
 
 #include <string>
 
 namespace zel {
 
-class ZEL_KERNEL_EXPORT ZelDirectory
+class ZEL_KERNEL_CORE_EXPORT ZelDirectory
 {
 public:
     // The kernel's temp folder for `applicationName` (UTF-8 in and out): the system temp

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ZelKernelExport.h"
+#include "ZelKernelCoreExport.h"
 
 #include <QtGlobal>
 
@@ -9,7 +9,7 @@
 namespace zel {
 
 // The viewer's 3D database manager, as far as the settings touch it.
-class ZEL_KERNEL_EXPORT kqDMManager
+class ZEL_KERNEL_CORE_EXPORT kqDMManager
 {
 public:
     // Brings simplification ratios into valid form: each within 0.01..1, the first 1,

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "ZelKernelExport.h"
+#include "ZelKernelCoreExport.h"
 
 #include <QString>
 
 namespace zel {
 
 // The viewer's renderer, as far as the settings touch it.
-class ZEL_KERNEL_EXPORT kqDMRenderer
+class ZEL_KERNEL_CORE_EXPORT kqDMRenderer
 {
 public:
     // Names of the raytracer qualities, lowest first, as stored in "raytracer/quality".

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ZelKernelExport.h"
+#include "ZelKernelCoreExport.h"
 
 #include <string>
 
@@ -13,16 +13,16 @@ enum InitType {
 };
 
 // Library start and stop; each initialize is paired with its terminate, in reverse order.
-ZEL_KERNEL_EXPORT bool initializeKqSystem(InitType type, bool verbose);
-ZEL_KERNEL_EXPORT void terminateKqSystem();
-ZEL_KERNEL_EXPORT bool initializeKqSceneGraph();
-ZEL_KERNEL_EXPORT void terminateKqSceneGraph();
-ZEL_KERNEL_EXPORT bool initializeKqMeshLibrary();
-ZEL_KERNEL_EXPORT void terminateKqMeshLibrary();
-ZEL_KERNEL_EXPORT bool initializeKqSimplificationLibrary();
-ZEL_KERNEL_EXPORT void terminateKqSimplificationLibrary();
+ZEL_KERNEL_CORE_EXPORT bool initializeKqSystem(InitType type, bool verbose);
+ZEL_KERNEL_CORE_EXPORT void terminateKqSystem();
+ZEL_KERNEL_CORE_EXPORT bool initializeKqSceneGraph();
+ZEL_KERNEL_CORE_EXPORT void terminateKqSceneGraph();
+ZEL_KERNEL_CORE_EXPORT bool initializeKqMeshLibrary();
+ZEL_KERNEL_CORE_EXPORT void terminateKqMeshLibrary();
+ZEL_KERNEL_CORE_EXPORT bool initializeKqSimplificationLibrary();
+ZEL_KERNEL_CORE_EXPORT void terminateKqSimplificationLibrary();
 
-class ZEL_KERNEL_EXPORT kqDirUtils
+class ZEL_KERNEL_CORE_EXPORT kqDirUtils
 {
 public:
     // The per-user application-data folder (UTF-8): the roaming folder on Windows, the
@@ -30,7 +30,7 @@ public:
     static std::string GetAppDataFolderUtf8();
 };
 
-class ZEL_KERNEL_EXPORT kqSystemUtils
+class ZEL_KERNEL_CORE_EXPORT kqSystemUtils
 {
 public:
     // The login name of the current user (UTF-8); never empty.

@@ -6,7 +6,7 @@
 // "/" live in the INI group named before the slash.
 namespace zel::SettingsKeys {
 
-// Registered by ZelControlCenter::InitDefaultSettingsValues.
+// Registered by ZelSettings::InitDefaultSettingsValues.
 inline constexpr QLatin1String Engine("engine");
 inline constexpr QLatin1String SettingsVersion("settingsVersion");
 inline constexpr QLatin1String EnableDiag("enablediag");
@@ -15,7 +15,8 @@ inline constexpr QLatin1String LogFile("Logging/logFile");
 inline constexpr QLatin1String CacheSize("DBCache/cacheSize");
 inline constexpr QLatin1String CacheDirectory("DBCache/cacheDirectory");
 
-// Read and written by the settings pages; an embedding application registers them.
+// Read and written by the settings pages; registered by
+// ZelSettings::InitPageSettingsValues unless an embedding application registers them first.
 inline constexpr QLatin1String ScreenshotFolder("screenshot/ImageFolder");
 inline constexpr QLatin1String SimplificationRatios("Simplification/Ratios");
 
@@ -40,7 +41,7 @@ inline constexpr QLatin1String UseSSAO("deferred/useSSAO");
 inline constexpr QLatin1String RaytracerCoreNumber("raytracer/coreNumber");
 inline constexpr QLatin1String RaytracerQuality("raytracer/quality");
 
-// The language of the user interface; "en" when absent.
+// The language of the user interface; "en" when absent. Registered with the pages' keys.
 inline constexpr QLatin1String Language("language");
 
 } // namespace zel::SettingsKeys

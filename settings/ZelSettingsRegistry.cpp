@@ -1,4 +1,4 @@
-#include "ZelControlCenter.h"
+#include "ZelSettings.h"
 
 #include <QSettings>
 #include <QStringList>
@@ -6,13 +6,6 @@
 
 #include <algorithm>
 #include <vector>
-
-// Q_CLEANUP_RESOURCE declares the rcc function in the enclosing namespace, which must
-// be the global one.
-static void releaseControlCenterResources()
-{
-    Q_CLEANUP_RESOURCE(ZelControlCenter);
-}
 
 namespace zel {
 
@@ -42,9 +35,9 @@ QString settingText(const QVariant& stored)
 
 } // namespace
 
-bool ZelControlCenter::RegisterSetting(const QString& key, const QString& defaultValue, SettingValidator validator)
+bool ZelSettings::RegisterSetting(const QString& key, const QString& defaultValue, SettingValidator validator)
 {
-    Q_ASSERT_X(validator, "ZelControlCenter::RegisterSetting", "a key needs a validator (noOp accepts anything)");
+    Q_ASSERT_X(validator, "ZelSettings::RegisterSetting", "a key needs a validator (noOp accepts anything)");
     SettingsRegistry& entries = registry();
     const auto position = entries.lower_bound(key);
     if (position != entries.end() && !(key < position->first))
@@ -53,26 +46,26 @@ bool ZelControlCenter::RegisterSetting(const QString& key, const QString& defaul
     return true;
 }
 
-QString ZelControlCenter::GetDefaultSettingsValue(const QString& key)
+QString ZelSettings::GetDefaultSettingsValue(const QString& key)
 {
     const SettingsRegistry& entries = registry();
     const auto entry = entries.find(key);
     return entry != entries.end() ? entry->second.first : QString();
 }
 
-const SettingsRegistry& ZelControlCenter::GetDefaultSettingsValues()
+const SettingsRegistry& ZelSettings::GetDefaultSettingsValues()
 {
     return registry();
 }
 
-void ZelControlCenter::ClearSettingsValues()
+void ZelSettings::ClearSettingsValues()
 {
     registry().clear();
 }
 
-bool ZelControlCenter::RegisterEndCheckFunction(SettingEndCheck check)
+bool ZelSettings::RegisterEndCheckFunction(SettingEndCheck check)
 {
-    Q_ASSERT_X(check, "ZelControlCenter::RegisterEndCheckFunction", "null end check");
+    Q_ASSERT_X(check, "ZelSettings::RegisterEndCheckFunction", "null end check");
     std::vector<SettingEndCheck>& checks = endChecks();
     if (std::find(checks.cbegin(), checks.cend(), check) != checks.cend())
         return false;
@@ -80,7 +73,7 @@ bool ZelControlCenter::RegisterEndCheckFunction(SettingEndCheck check)
     return true;
 }
 
-bool ZelControlCenter::EnsureSettings(QSettings& settings, QString& error)
+bool ZelSettings::EnsureSettings(QSettings& settings, QString& error)
 {
     for (const auto& [key, entry] : registry()) {
         const auto& [defaultValue, validator] = entry;
@@ -103,24 +96,24 @@ bool ZelControlCenter::EnsureSettings(QSettings& settings, QString& error)
     return true;
 }
 
-void ZelControlCenter::CleanupFolder(QString& path)
+QString ZelSettings::GetSettingText(const QSettings& settings, const QString& key)
+{
+    return settingText(settings.value(key, QVariant(GetDefaultSettingsValue(key))));
+}
+
+void ZelSettings::CleanupFolder(QString& path)
 {
     path.replace(QLatin1Char('\\'), QLatin1Char('/'));
     if (path.endsWith(QLatin1Char('/')))
         path.chop(1);
 }
 
-void ZelControlCenter::CleanupRessources()
-{
-    releaseControlCenterResources();
-}
-
-bool ZelControlCenter::noOp(const QString&, const QString&, QString&, QString&)
+bool ZelSettings::noOp(const QString&, const QString&, QString&, QString&)
 {
     return true;
 }
 
-bool ZelControlCenter::ensureSettingsVersion(const QString&, const QString& defaultValue, QString& value, QString&)
+bool ZelSettings::ensureSettingsVersion(const QString&, const QString& defaultValue, QString& value, QString&)
 {
     // The file is stamped with the current layout version whatever it held before.
     value = defaultValue;

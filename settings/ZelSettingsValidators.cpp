@@ -1,4 +1,4 @@
-#include "ZelControlCenter.h"
+#include "ZelSettings.h"
 
 #include "kqDMManager.h"
 #include "kqDMRenderer.h"
@@ -117,32 +117,32 @@ bool existsOrCreated(const QString& folder)
 bool keepOrCreate(const QString& defaultValue, QString& value, QString (*neededFolder)(const QString&))
 {
     if (!value.isEmpty()) {
-        ZelControlCenter::CleanupFolder(value);
+        ZelSettings::CleanupFolder(value);
         if (QDir(neededFolder(value)).exists())
             return true;
     }
     value = defaultValue;
-    ZelControlCenter::CleanupFolder(value);
+    ZelSettings::CleanupFolder(value);
     return existsOrCreated(neededFolder(value));
 }
 
 } // namespace
 
-bool ZelControlCenter::ensureBool(const QString&, const QString& defaultValue, QString& value, QString&)
+bool ZelSettings::ensureBool(const QString&, const QString& defaultValue, QString& value, QString&)
 {
     if (value != QLatin1String("true") && value != QLatin1String("false"))
         value = defaultValue;
     return true;
 }
 
-bool ZelControlCenter::ensureEngine(const QString&, const QString& defaultValue, QString& value, QString&)
+bool ZelSettings::ensureEngine(const QString&, const QString& defaultValue, QString& value, QString&)
 {
     if (value != QLatin1String("deferred") && value != QLatin1String("software"))
         value = defaultValue;
     return true;
 }
 
-bool ZelControlCenter::ensureLogLevel(const QString&, const QString& defaultValue, QString& value, QString&)
+bool ZelSettings::ensureLogLevel(const QString&, const QString& defaultValue, QString& value, QString&)
 {
     bool ok = false;
     const int level = value.toInt(&ok);
@@ -150,7 +150,7 @@ bool ZelControlCenter::ensureLogLevel(const QString&, const QString& defaultValu
     return true;
 }
 
-bool ZelControlCenter::ensurePositiveInteger(const QString&, const QString& defaultValue, QString& value, QString&)
+bool ZelSettings::ensurePositiveInteger(const QString&, const QString& defaultValue, QString& value, QString&)
 {
     bool ok = false;
     const qlonglong number = value.toLongLong(&ok);
@@ -159,7 +159,7 @@ bool ZelControlCenter::ensurePositiveInteger(const QString&, const QString& defa
     return true;
 }
 
-bool ZelControlCenter::ensurePortValue(const QString&, const QString& defaultValue, QString& value, QString&)
+bool ZelSettings::ensurePortValue(const QString&, const QString& defaultValue, QString& value, QString&)
 {
     // toUShort() rejects negative numbers and anything above 65535.
     bool ok = false;
@@ -169,68 +169,68 @@ bool ZelControlCenter::ensurePortValue(const QString&, const QString& defaultVal
     return true;
 }
 
-bool ZelControlCenter::ensureCacheSize(const QString&, const QString& defaultValue, QString& value, QString&)
+bool ZelSettings::ensureCacheSize(const QString&, const QString& defaultValue, QString& value, QString&)
 {
     return acceptUnsigned(defaultValue, value, 10, 10240);
 }
 
-bool ZelControlCenter::ensureSimplificationRAM(const QString&, const QString& defaultValue, QString& value, QString&)
+bool ZelSettings::ensureSimplificationRAM(const QString&, const QString& defaultValue, QString& value, QString&)
 {
     return acceptUnsigned(defaultValue, value, MinimumSimplificationRAM, MaximumMemory);
 }
 
-bool ZelControlCenter::ensureSimplificationThreads(const QString&, const QString&, QString& value, QString&)
+bool ZelSettings::ensureSimplificationThreads(const QString&, const QString&, QString& value, QString&)
 {
     // The simplifier is pinned to one thread whatever the file says.
     value = QStringLiteral("1");
     return true;
 }
 
-bool ZelControlCenter::ensureCoreNumber(const QString&, const QString& defaultValue, QString& value, QString&)
+bool ZelSettings::ensureCoreNumber(const QString&, const QString& defaultValue, QString& value, QString&)
 {
     return clampInteger(defaultValue, value, 1, QThread::idealThreadCount());
 }
 
-bool ZelControlCenter::ensureTesselationMaxFaceAngle(const QString&, const QString& defaultValue, QString& value,
+bool ZelSettings::ensureTesselationMaxFaceAngle(const QString&, const QString& defaultValue, QString& value,
                                                      QString&)
 {
     return clampInteger(defaultValue, value, 0, 359);
 }
 
-bool ZelControlCenter::ensureTesselationMaxFaceLength(const QString&, const QString& defaultValue, QString& value,
+bool ZelSettings::ensureTesselationMaxFaceLength(const QString&, const QString& defaultValue, QString& value,
                                                       QString&)
 {
     return clampFloat(defaultValue, value, 0.0f, 100.0f);
 }
 
-bool ZelControlCenter::ensureTesselationMaxFaceSag(const QString&, const QString& defaultValue, QString& value,
+bool ZelSettings::ensureTesselationMaxFaceSag(const QString&, const QString& defaultValue, QString& value,
                                                    QString&)
 {
     return clampFloat(defaultValue, value, 0.0f, 100.0f);
 }
 
-bool ZelControlCenter::ensureLODTrianglesCap(const QString&, const QString& defaultValue, QString& value, QString&)
+bool ZelSettings::ensureLODTrianglesCap(const QString&, const QString& defaultValue, QString& value, QString&)
 {
     return clampUnsigned(defaultValue, value, 50000, 500000000);
 }
 
-bool ZelControlCenter::ensureMaxGPUMemory(const QString&, const QString& defaultValue, QString& value, QString&)
+bool ZelSettings::ensureMaxGPUMemory(const QString&, const QString& defaultValue, QString& value, QString&)
 {
     return clampUnsigned(defaultValue, value, MinimumMemory, MaximumMemory);
 }
 
-bool ZelControlCenter::ensureMaxCPUMemoryRaytracer(const QString&, const QString& defaultValue, QString& value,
+bool ZelSettings::ensureMaxCPUMemoryRaytracer(const QString&, const QString& defaultValue, QString& value,
                                                    QString&)
 {
     return clampUnsigned(defaultValue, value, MinimumMemory, MaximumMemory);
 }
 
-bool ZelControlCenter::ensureMaxCPUMemory3D(const QString&, const QString& defaultValue, QString& value, QString&)
+bool ZelSettings::ensureMaxCPUMemory3D(const QString&, const QString& defaultValue, QString& value, QString&)
 {
     return clampUnsigned(defaultValue, value, MinimumMemory, MaximumMemory);
 }
 
-bool ZelControlCenter::ensureRaytracerQuality(const QString&, const QString& defaultValue, QString& value, QString&)
+bool ZelSettings::ensureRaytracerQuality(const QString&, const QString& defaultValue, QString& value, QString&)
 {
     const auto& names = kqDMRenderer::scQualityEnum;
     if (std::find(std::begin(names), std::end(names), value) == std::end(names))
@@ -238,7 +238,7 @@ bool ZelControlCenter::ensureRaytracerQuality(const QString&, const QString& def
     return true;
 }
 
-bool ZelControlCenter::ensureSceneUnit(const QString&, const QString& defaultValue, QString& value, QString&)
+bool ZelSettings::ensureSceneUnit(const QString&, const QString& defaultValue, QString& value, QString&)
 {
     struct Unit {
         double size;
@@ -270,7 +270,7 @@ bool ZelControlCenter::ensureSceneUnit(const QString&, const QString& defaultVal
     return true;
 }
 
-bool ZelControlCenter::ensureIpOrHostName(const QString&, const QString& defaultValue, QString& value, QString&)
+bool ZelSettings::ensureIpOrHostName(const QString&, const QString& defaultValue, QString& value, QString&)
 {
     static const QRegularExpression ipv4(QRegularExpression::anchoredPattern(
         QStringLiteral("([0-9]{1,3})\\.([0-9]{1,3})\\.([0-9]{1,3})\\.([0-9]{1,3})")));
@@ -301,7 +301,7 @@ bool ZelControlCenter::ensureIpOrHostName(const QString&, const QString& default
     return true;
 }
 
-bool ZelControlCenter::ensureSimplificationRatios(const QString&, const QString& defaultValue, QString& value, QString&)
+bool ZelSettings::ensureSimplificationRatios(const QString&, const QString& defaultValue, QString& value, QString&)
 {
     // The value's ratios if five of them parse, else the default's. Should the kernel's
     // correction not keep five, the default gets the same treatment; a default that gives
@@ -320,12 +320,12 @@ bool ZelControlCenter::ensureSimplificationRatios(const QString&, const QString&
     return false;
 }
 
-bool ZelControlCenter::ensureFolder(const QString& defaultValue, QString& value)
+bool ZelSettings::ensureFolder(const QString& defaultValue, QString& value)
 {
     return keepOrCreate(defaultValue, value, [](const QString& folder) { return folder; });
 }
 
-bool ZelControlCenter::ensureDMCacheFolder(const QString&, const QString& defaultValue, QString& value, QString& error)
+bool ZelSettings::ensureDMCacheFolder(const QString&, const QString& defaultValue, QString& value, QString& error)
 {
     if (ensureFolder(defaultValue, value))
         return true;
@@ -335,7 +335,7 @@ bool ZelControlCenter::ensureDMCacheFolder(const QString&, const QString& defaul
     return false;
 }
 
-bool ZelControlCenter::ensureFile(const QString&, const QString& defaultValue, QString& value, QString& error)
+bool ZelSettings::ensureFile(const QString&, const QString& defaultValue, QString& value, QString& error)
 {
     // Only the folder matters: the logger creates the file itself.
     if (keepOrCreate(defaultValue, value, folderOf))
@@ -346,7 +346,7 @@ bool ZelControlCenter::ensureFile(const QString&, const QString& defaultValue, Q
     return false;
 }
 
-bool ZelControlCenter::ensureTmpFolder(const QString&, const QString& defaultValue, QString& value, QString& error)
+bool ZelSettings::ensureTmpFolder(const QString&, const QString& defaultValue, QString& value, QString& error)
 {
     // The default folder must exist even when the value points elsewhere.
     if (!existsOrCreated(defaultValue)) {

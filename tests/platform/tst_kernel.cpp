@@ -4,6 +4,7 @@
 
 #include "MTLogger.h"
 #include "ZelControlCenter.h"
+#include "ZelControlCenterVersion.h"
 #include "ZelDirectory.h"
 #include "ZelKernel.h"
 #include "ZelSettingsApplication.h"
@@ -87,6 +88,8 @@ private Q_SLOTS:
     void spinBoxWheelNeedsFocus_data();
     void spinBoxWheelNeedsFocus();
     void settingsApplication();
+    void versionTexts();
+    void releasesResources();
 
 private:
     TestHome m_home;
@@ -355,10 +358,10 @@ void tst_Kernel::settingsApplication()
     QCOMPARE(&application.getSelection(), &application.grabSelection());
 
     // Deliberately blind to the registry, even for a registered key.
-    ZelControlCenter::RegisterSetting(u"engine"_s, u"deferred"_s, &ZelControlCenter::noOp);
-    QCOMPARE(ZelControlCenter::GetDefaultSettingsValue(u"engine"_s), u"deferred"_s);
+    zel::ZelControlCenter::RegisterSetting(u"engine"_s, u"deferred"_s, &zel::ZelControlCenter::noOp);
+    QCOMPARE(zel::ZelControlCenter::GetDefaultSettingsValue(u"engine"_s), u"deferred"_s);
     QVERIFY(application.getDefaultSettingsValue(u"engine"_s).isNull());
-    ZelControlCenter::ClearSettingsValues();
+    zel::ZelControlCenter::ClearSettingsValues();
 
     QVERIFY(application.getLanguageCode().isNull());
     application.setLanguageCode(u"fr"_s);
@@ -370,6 +373,30 @@ void tst_Kernel::settingsApplication()
     QVERIFY(!application.isDiagModeEnable());
     settings.setValue(u"enablediag"_s, u"true"_s);
     QVERIFY(application.isDiagModeEnable());
+}
+
+void tst_Kernel::versionTexts()
+{
+    using Version = ::ZelControlCenter::Version;
+    for (const bool alternative : {false, true}) {
+        QCOMPARE(Version::GetDescStringMajorMinor(alternative), "1.1");
+        QCOMPARE(Version::GetDescStringMajorMinorRelease(alternative), "1.1.0");
+        QCOMPARE(Version::GetDescStringMajorMinorReleaseRevision(alternative), "1.1.0.85");
+    }
+    // The month is not zero-padded.
+    QCOMPARE(Version::GetDescStringMajorMinorReleaseRevisionDate(), "1.1.0.85 2024-1");
+    QCOMPARE(u"%1.%2.%3.%4 %5-%6"_s.arg(Version::GetMajor()).arg(Version::GetMinor()).arg(Version::GetRelease())
+                 .arg(Version::GetRevision()).arg(Version::GetYear()).arg(Version::GetMonth()),
+             u"1.1.0.85 2024-1"_s);
+}
+
+// Last: nothing after it may need the library's images.
+void tst_Kernel::releasesResources()
+{
+    const QString image = u":/controlCenter/controlCenter/checked.png"_s;
+    QVERIFY(QFile::exists(image));
+    zel::ZelControlCenter::CleanupRessources();
+    QVERIFY(!QFile::exists(image));
 }
 
 QTEST_MAIN(tst_Kernel)

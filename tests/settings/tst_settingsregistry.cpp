@@ -1,6 +1,6 @@
+#include "SettingsFiles.h"
 #include "TestHome.h"
-#include "ZelControlCenter.h"
-#include "ZelControlCenterVersion.h"
+#include "ZelSettings.h"
 #include "kqDMRenderer.h"
 #include "kqSystem.h"
 
@@ -15,8 +15,7 @@
 #include <unistd.h>
 
 using zel::SettingValidator;
-using CC = zel::ZelControlCenter;
-using Version = ZelControlCenter::Version;
+using CC = zel::ZelSettings;
 
 Q_DECLARE_METATYPE(zel::SettingValidator)
 
@@ -27,12 +26,6 @@ namespace {
 QStringList seen;
 QByteArray onDiskAtEndCheck;
 bool endCheckFails = false;
-
-QByteArray fileBytes(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 // Upper-cases every value; fails at the key "boom".
 bool record(const QString& key, const QString&, QString& value, QString& error)
@@ -49,16 +42,6 @@ bool firstCheck(QSettings& settings, QString& error)
     onDiskAtEndCheck = fileBytes(settings.fileName());
     error = "first failed";
     return !endCheckFails;
-}
-
-// Every key and value a fresh reader sees.
-QVariantMap values(const QString& path)
-{
-    const QSettings settings(path, QSettings::IniFormat);
-    QVariantMap values;
-    for (const QString& key : settings.allKeys())
-        values.insert(key, settings.value(key));
-    return values;
 }
 
 // Table rows for one validator: (input, expected output), where "=" keeps the input and
@@ -80,12 +63,11 @@ private Q_SLOTS:
     void init();
     void registryAndPass();
     void catalogue();
+    void pageDefaults();
     void validators_data();
     void validators();
     void folderValidators_data();
     void folderValidators();
-    void versionTexts();
-    void releasesResources();
 
 private:
     QString iniPath() const { return m_folder.filePath("Settings.ini"); }
@@ -127,7 +109,7 @@ void SettingsTest::registryAndPass()
     QVERIFY(CC::EnsureSettings(settings, error));
     QCOMPARE(seen, QStringList({"A", "a/x", "b", "c", "first", "second"}));
     QVERIFY(onDiskAtEndCheck.contains("b=STORED")); // synced before the end checks
-    QCOMPARE(values(iniPath()),
+    QCOMPARE(iniValues(iniPath()),
              QVariantMap({{"A", "DEFAULT A"}, {"a/x", "DEFAULT A/X"}, {"b", "STORED"}, {"c", "DEFAULT C"}}));
 
     seen.clear();
@@ -173,7 +155,7 @@ void SettingsTest::catalogue()
         + "[Logging]\r\nlogFile=" + m_folder.filePath("missing/log.txt").toUtf8() + "\r\n";
     QFile file(iniPath());
     QVERIFY(file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size() && file.flush());
-    QVariantMap expected = values(iniPath());
+    QVariantMap expected = iniValues(iniPath());
     QCOMPARE(expected.size(), 9);
     expected["settingsVersion"] = "2";
     expected["enablediag"] = "false";
@@ -182,7 +164,25 @@ void SettingsTest::catalogue()
     QSettings settings(iniPath(), QSettings::IniFormat);
     QString error;
     QVERIFY(CC::EnsureSettings(settings, error));
-    QCOMPARE(values(iniPath()), expected);
+    QCOMPARE(iniValues(iniPath()), expected);
+}
+
+void SettingsTest::pageDefaults()
+{
+    CC::InitDefaultSettingsValues(CC::GetApplicationName());
+    CC::InitPageSettingsValues();
+    QCOMPARE(CC::GetDefaultSettingsValues().size(), 28u);
+    QCOMPARE(CC::GetSettingsFile(CC::GetApplicationName()), m_home.configPath() + "/TorvaneBoundlessX64/Settings.ini");
+    QCOMPARE(CC::GetDefaultSettingsValue("screenshot/ImageFolder"), m_home.path() + "/home/Pictures/Torvane");
+    QCOMPARE(CC::GetDefaultSettingsValue("raytracer/coreNumber"), QString::number(QThread::idealThreadCount()));
+
+    // What a new user sees is already valid: the pass would store every default as it is.
+    for (const auto& [key, entry] : CC::GetDefaultSettingsValues()) {
+        QString value = entry.first;
+        QString error;
+        QVERIFY2(entry.second(key, entry.first, value, error), qPrintable(key));
+        QVERIFY2(value == entry.first, qPrintable(key + ": " + value));
+    }
 }
 
 void SettingsTest::validators_data()
@@ -292,29 +292,6 @@ void SettingsTest::folderValidators()
     QCOMPARE(value, inBase(expected));
     QCOMPARE(base.exists("new"), validator == &CC::ensureTmpFolder || expected.startsWith("new"));
     QCOMPARE(QFileInfo::exists(value), validator != &CC::ensureFile); // the logger creates its file
-}
-
-void SettingsTest::versionTexts()
-{
-    for (const bool alternative : {false, true}) {
-        QCOMPARE(Version::GetDescStringMajorMinor(alternative), "1.1");
-        QCOMPARE(Version::GetDescStringMajorMinorRelease(alternative), "1.1.0");
-        QCOMPARE(Version::GetDescStringMajorMinorReleaseRevision(alternative), "1.1.0.85");
-    }
-    // The month is not zero-padded.
-    QCOMPARE(Version::GetDescStringMajorMinorReleaseRevisionDate(), "1.1.0.85 2024-1");
-    QCOMPARE(QString("%1.%2.%3.%4 %5-%6").arg(Version::GetMajor()).arg(Version::GetMinor()).arg(Version::GetRelease())
-                 .arg(Version::GetRevision()).arg(Version::GetYear()).arg(Version::GetMonth()),
-             "1.1.0.85 2024-1");
-}
-
-// Last: nothing after it may need the library's images.
-void SettingsTest::releasesResources()
-{
-    const QString image = QStringLiteral(":/controlCenter/controlCenter/checked.png");
-    QVERIFY(QFile::exists(image));
-    CC::CleanupRessources();
-    QVERIFY(!QFile::exists(image));
 }
 
 QTEST_GUILESS_MAIN(SettingsTest)

@@ -1,0 +1,306 @@
+#include "ConfigCommands.h"
+
+#include "ConfigCommandLine.h"
+#include "ZelSettings.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QMap>
+#include <QSaveFile>
+#include <QSettings>
+#include <QTemporaryDir>
+
+#include <iostream>
+#include <sstream>
+#include <utility>
+#include <vector>
+
+namespace zel {
+
+namespace {
+
+// The kernel reports corrected ratios on std::cout; the tool's output is for scripts.
+class QuietKernel
+{
+public:
+    QuietKernel()
+        : m_previous(std::cout.rdbuf(m_sink.rdbuf()))
+    {
+    }
+    ~QuietKernel() { std::cout.rdbuf(m_previous); }
+
+private:
+    Q_DISABLE_COPY_MOVE(QuietKernel)
+    std::ostringstream m_sink;
+    std::streambuf* m_previous = nullptr;
+};
+
+QStringList registeredKeys()
+{
+    QStringList keys;
+    for (const auto& entry : ZelSettings::GetDefaultSettingsValues())
+        keys.append(entry.first);
+    return keys;
+}
+
+QString quoted(const QString& text)
+{
+    return QLatin1Char('\'') + text + QLatin1Char('\'');
+}
+
+} // namespace
+
+ConfigCommands::ConfigCommands(const QString& settingsFile)
+    : m_file(QFileInfo(settingsFile).absoluteFilePath())
+    , m_out(stdout)
+    , m_err(stderr)
+{
+}
+
+int ConfigCommands::path()
+{
+    m_out << m_file << Qt::endl;
+    return ExitDone;
+}
+
+int ConfigCommands::list(bool json)
+{
+    QSettings settings(m_file, QSettings::IniFormat);
+    if (!open(settings))
+        return ExitFileError;
+    const QStringList registered = registeredKeys();
+    QStringList unused;
+    for (const QString& key : settings.allKeys()) {
+        if (!isRegistered(key))
+            unused.append(key);
+    }
+    unused.sort();
+
+    if (json) {
+        QJsonArray keys;
+        for (const QString& key : registered) {
+            keys.append(QJsonObject {{QStringLiteral("key"), key},
+                                     {QStringLiteral("value"), ZelSettings::GetSettingText(settings, key)},
+                                     {QStringLiteral("default"), !settings.contains(key)}});
+        }
+        QJsonArray others;
+        for (const QString& key : unused) {
+            QJsonObject other {{QStringLiteral("key"), key},
+                               {QStringLiteral("value"), ZelSettings::GetSettingText(settings, key)}};
+            const QString suggestion = closestName(key, registered);
+            if (!suggestion.isNull())
+                other.insert(QStringLiteral("suggestion"), suggestion);
+            others.append(other);
+        }
+        const QJsonObject root {{QStringLiteral("file"), m_file},
+                                {QStringLiteral("keys"), keys},
+                                {QStringLiteral("unused"), others}};
+        m_out << QJsonDocument(root).toJson();
+        return ExitDone;
+    }
+
+    for (const QString& key : registered) {
+        m_out << key << QStringLiteral(" = ") << ZelSettings::GetSettingText(settings, key);
+        if (!settings.contains(key))
+            m_out << QStringLiteral(" (default)");
+        m_out << '\n';
+    }
+    if (!unused.isEmpty())
+        m_out << QStringLiteral("\nKeys in the file that nothing uses:\n");
+    for (const QString& key : unused) {
+        m_out << key << QStringLiteral(" = ") << ZelSettings::GetSettingText(settings, key);
+        const QString suggestion = closestName(key, registered);
+        if (!suggestion.isNull())
+            m_out << QStringLiteral(" (did you mean %1?)").arg(suggestion);
+        m_out << '\n';
+    }
+    m_out.flush();
+    return ExitDone;
+}
+
+int ConfigCommands::get(const QString& key)
+{
+    const QSettings settings(m_file, QSettings::IniFormat);
+    if (!open(settings))
+        return ExitFileError;
+    if (!isRegistered(key) && !settings.contains(key))
+        return unknownKey(key, registeredKeys() + settings.allKeys());
+    m_out << ZelSettings::GetSettingText(settings, key) << Qt::endl;
+    return ExitDone;
+}
+
+int ConfigCommands::set(const QString& key, const QString& value)
+{
+    const SettingsRegistry& registry = ZelSettings::GetDefaultSettingsValues();
+    const auto entry = registry.find(key);
+    if (entry == registry.end())
+        return unknownKey(key, registeredKeys());
+
+    const auto& [defaultValue, validator] = entry->second;
+    QString kept = value;
+    QString error;
+    bool valid = false;
+    {
+        const QuietKernel quiet;
+        valid = validator(key, defaultValue, kept, error);
+    }
+    if (!valid) {
+        m_err << QStringLiteral("torvane-config: ") << error << Qt::endl;
+        return ExitValidatorFailed;
+    }
+    if (kept != value) {
+        m_err << QStringLiteral("torvane-config: refused: Torvane would store %1 for %2, not %3")
+                     .arg(quoted(kept), key, quoted(value))
+              << Qt::endl;
+        return ExitRefused;
+    }
+
+    QSettings settings(m_file, QSettings::IniFormat);
+    if (!open(settings))
+        return ExitFileError;
+    settings.setValue(key, value);
+    return saved(settings);
+}
+
+int ConfigCommands::reset(const QStringList& keys)
+{
+    QSettings settings(m_file, QSettings::IniFormat);
+    if (!open(settings))
+        return ExitFileError;
+    const QStringList registered = registeredKeys();
+    for (const QString& key : keys) {
+        if (!isRegistered(key) && !settings.contains(key))
+            return unknownKey(key, registered + settings.allKeys());
+    }
+    // Only stored keys are removed: a file with none of them is left untouched.
+    bool removed = false;
+    for (const QString& key : keys.isEmpty() ? registered : keys) {
+        if (settings.contains(key)) {
+            settings.remove(key);
+            removed = true;
+        }
+    }
+    return removed ? saved(settings) : ExitDone;
+}
+
+int ConfigCommands::check(bool fix)
+{
+    QByteArray original;
+    QFile file(m_file);
+    if (file.exists()) {
+        if (!file.open(QIODevice::ReadOnly)) {
+            m_err << QStringLiteral("torvane-config: cannot read %1: %2").arg(m_file, file.errorString()) << Qt::endl;
+            return ExitFileError;
+        }
+        original = file.readAll();
+        file.close();
+    }
+
+    // The pass runs on a copy: it writes every key it visits, and on a failing
+    // validator it would leave the keys before it half done.
+    const QTemporaryDir scratch;
+    const QString copyPath = scratch.filePath(QStringLiteral("Settings.ini"));
+    QSaveFile copyFile(copyPath);
+    if (!scratch.isValid() || !copyFile.open(QIODevice::WriteOnly) || copyFile.write(original) != original.size()
+        || !copyFile.commit()) {
+        m_err << QStringLiteral("torvane-config: cannot copy %1 to a temporary folder").arg(m_file) << Qt::endl;
+        return ExitFileError;
+    }
+    QSettings copy(copyPath, QSettings::IniFormat);
+    if (!open(copy))
+        return ExitFileError;
+
+    // Keys absent from the file take their defaults; only stored values get repaired.
+    QMap<QString, QString> before;
+    for (const QString& key : registeredKeys()) {
+        if (copy.contains(key))
+            before.insert(key, ZelSettings::GetSettingText(copy, key));
+    }
+    QString error;
+    bool passed = false;
+    {
+        const QuietKernel quiet;
+        passed = ZelSettings::EnsureSettings(copy, error);
+    }
+    std::vector<std::pair<QString, QString>> repairs;
+    for (auto it = before.cbegin(); it != before.cend(); ++it) {
+        const QString after = ZelSettings::GetSettingText(copy, it.key());
+        if (after == it.value())
+            continue;
+        m_out << it.key() << QStringLiteral(": ") << quoted(it.value()) << QStringLiteral(" -> ") << quoted(after)
+              << '\n';
+        repairs.emplace_back(it.key(), after);
+    }
+    m_out.flush();
+    if (!passed) {
+        m_err << QStringLiteral("torvane-config: ") << error << Qt::endl;
+        return ExitValidatorFailed;
+    }
+    if (repairs.empty())
+        return ExitDone;
+    if (!fix)
+        return ExitRefused;
+
+    if (!writeBackup(original))
+        return ExitFileError;
+    QSettings settings(m_file, QSettings::IniFormat);
+    if (!open(settings))
+        return ExitFileError;
+    for (const auto& [key, value] : repairs)
+        settings.setValue(key, value);
+    const int result = saved(settings);
+    if (result == ExitDone)
+        m_out << QStringLiteral("Repaired %1 %2; the previous file is kept as %3.bak")
+                     .arg(QString::number(repairs.size()),
+                          repairs.size() == 1 ? QStringLiteral("value") : QStringLiteral("values"), m_file)
+              << Qt::endl;
+    return result;
+}
+
+bool ConfigCommands::open(const QSettings& settings)
+{
+    if (settings.status() == QSettings::NoError)
+        return true;
+    m_err << QStringLiteral("torvane-config: cannot read %1").arg(settings.fileName()) << Qt::endl;
+    return false;
+}
+
+bool ConfigCommands::isRegistered(const QString& key) const
+{
+    return ZelSettings::GetDefaultSettingsValues().count(key) != 0;
+}
+
+int ConfigCommands::unknownKey(const QString& key, const QStringList& known)
+{
+    m_err << QStringLiteral("torvane-config: unknown key %1").arg(quoted(key));
+    const QString suggestion = closestName(key, known);
+    if (!suggestion.isNull())
+        m_err << QStringLiteral("; did you mean %1?").arg(quoted(suggestion));
+    m_err << Qt::endl;
+    return ExitUsage;
+}
+
+int ConfigCommands::saved(QSettings& settings)
+{
+    settings.sync();
+    if (settings.status() == QSettings::NoError)
+        return ExitDone;
+    m_err << QStringLiteral("torvane-config: cannot write %1").arg(m_file) << Qt::endl;
+    return ExitFileError;
+}
+
+bool ConfigCommands::writeBackup(const QByteArray& contents)
+{
+    QSaveFile backup(m_file + QStringLiteral(".bak"));
+    if (backup.open(QIODevice::WriteOnly) && backup.write(contents) == contents.size() && backup.commit())
+        return true;
+    m_err << QStringLiteral("torvane-config: cannot keep the previous file as %1: %2")
+                 .arg(backup.fileName(), backup.errorString())
+          << Qt::endl;
+    return false;
+}
+
+} // namespace zel

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QTextStream>
+
+class QSettings;
+
+namespace zel {
+
+// Exit codes of torvane-config, as its help lists them.
+enum ConfigExit {
+    ExitDone = 0,
+    ExitRefused = 1, // also: check found repairs to make
+    ExitUsage = 2,
+    ExitValidatorFailed = 3,
+    ExitFileError = 4,
+};
+
+// The commands of torvane-config on one settings file, through the keys, defaults and
+// validators registered in ZelSettings. Results go to standard output, errors to
+// standard error; each command returns its exit code and writes nothing on an error.
+class ConfigCommands
+{
+public:
+    explicit ConfigCommands(const QString& settingsFile);
+
+    int path();
+    int list(bool json);
+    int get(const QString& key);
+    int set(const QString& key, const QString& value);
+    // All registered keys when `keys` is empty.
+    int reset(const QStringList& keys);
+    int check(bool fix);
+
+private:
+    Q_DISABLE_COPY_MOVE(ConfigCommands)
+
+    // False, with the message given, when `settings` could not read its file.
+    bool open(const QSettings& settings);
+    bool isRegistered(const QString& key) const;
+    // Exit code 2, with a suggestion when a key of `known` is close to `key`.
+    int unknownKey(const QString& key, const QStringList& known);
+    int saved(QSettings& settings);
+    bool writeBackup(const QByteArray& contents);
+
+    QString m_file;
+    QTextStream m_out;
+    QTextStream m_err;
+};
+
+} // namespace zel

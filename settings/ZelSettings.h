@@ -1,0 +1,88 @@
+#pragma once
+
+#include "ZelSettingsExport.h"
+#include "ZelSettingsTypes.h"
+
+#include <QString>
+
+class QSettings;
+
+namespace zel {
+
+// The process-wide registry of Settings.ini keys with their defaults and validators,
+// the validation pass over a QSettings, and the validators themselves. Everything is
+// static and needs no widget, so console programs use it as well as the control
+// center, which inherits these services under its own name.
+class ZEL_SETTINGS_EXPORT ZelSettings
+{
+public:
+    // ---- Setting registry and validation pass -------------------------------------
+
+    // Adds `key` with its default and validator; false (and nothing changed) when the
+    // key is already registered: the first registration wins.
+    static bool RegisterSetting(const QString& key, const QString& defaultValue, SettingValidator validator);
+    // The registered default, or a null QString for an unknown key.
+    static QString GetDefaultSettingsValue(const QString& key);
+    static const SettingsRegistry& GetDefaultSettingsValues();
+    // Empties the registry; the end checks stay.
+    static void ClearSettingsValues();
+    // Appends `check`; false when that very function is already registered.
+    static bool RegisterEndCheckFunction(SettingEndCheck check);
+    // Reads, validates and writes back every registered key in key order, syncs, then
+    // runs the end checks. On false, `error` holds the failing validator's text.
+    static bool EnsureSettings(QSettings& settings, QString& error);
+    // The text the pass hands to the validator of `key`: the stored value (a list
+    // joined as QSettings writes it), else the registered default.
+    static QString GetSettingText(const QSettings& settings, const QString& key);
+    // Registers the library's own keys; folders are derived from `applicationName`.
+    static void InitDefaultSettingsValues(const QString& applicationName);
+    // Registers the keys that the settings pages edit, with the defaults the pages show.
+    static void InitPageSettingsValues();
+    // Every "\" becomes "/", then one trailing "/" is dropped.
+    static void CleanupFolder(QString& path);
+
+    // ---- Where the settings live ---------------------------------------------------
+
+    // The name the stand-alone editor runs under: "TorvaneBoundlessX64".
+    static QString GetApplicationName();
+    // The per-user application-data folder, "/", `applicationName`, with forward slashes.
+    static QString GetSettingsFolder(const QString& applicationName);
+    // "Settings.ini" in GetSettingsFolder(`applicationName`).
+    static QString GetSettingsFile(const QString& applicationName);
+
+    // ---- Validators (signature of SettingValidator) -------------------------------
+    static bool noOp(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureSettingsVersion(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureBool(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureEngine(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureLogLevel(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensurePositiveInteger(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensurePortValue(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureCacheSize(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureSimplificationRAM(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureSimplificationThreads(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureCoreNumber(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureTesselationMaxFaceAngle(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureTesselationMaxFaceLength(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureTesselationMaxFaceSag(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureLODTrianglesCap(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureMaxGPUMemory(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureMaxCPUMemoryRaytracer(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureMaxCPUMemory3D(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureRaytracerQuality(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureSceneUnit(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureIpOrHostName(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureSimplificationRatios(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureFile(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureDMCacheFolder(const QString& key, const QString& defaultValue, QString& value, QString& error);
+    static bool ensureTmpFolder(const QString& key, const QString& defaultValue, QString& value, QString& error);
+
+protected:
+    // Only a class that offers these services under its own name derives from this one.
+    ZelSettings() = default;
+
+private:
+    static bool ensureFolder(const QString& defaultValue, QString& value);
+};
+
+} // namespace zel

@@ -1,0 +1,317 @@
+// torvane-config as users run it: a real process on real files, with every per-user
+// folder in a temporary one.
+#include "SettingsFiles.h"
+#include "TestHome.h"
+#include "ZelSettings.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+
+using CC = zel::ZelSettings;
+
+namespace {
+
+struct Result
+{
+    int exitCode = -1;
+    QString out;
+    QString err;
+};
+
+// Runs torvane-config with `arguments`; `environment` entries override the test's own.
+Result run(const QStringList& arguments, const QStringList& environment = {})
+{
+    QProcess process;
+    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+    for (const QString& entry : environment)
+        variables.insert(entry.section('=', 0, 0), entry.section('=', 1));
+    process.setProcessEnvironment(variables);
+    process.start(TORVANE_CONFIG, arguments);
+    if (!process.waitForFinished(30000) || process.exitStatus() != QProcess::NormalExit)
+        return {};
+    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
+}
+
+bool writeBytes(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+// The file as the editor's pass leaves it.
+QByteArray afterEditorPass(const QString& path)
+{
+    CC::ClearSettingsValues();
+    CC::InitDefaultSettingsValues(CC::GetApplicationName());
+    CC::InitPageSettingsValues();
+    QSettings settings(path, QSettings::IniFormat);
+    QString error;
+    if (!CC::EnsureSettings(settings, error))
+        return error.toUtf8();
+    return fileBytes(path);
+}
+
+// A file saved by a Windows editor: byte-order mark, CRLF, UTF-8, comma lists, keys that
+// nothing uses (one a typo), and values the editor would repair.
+const QByteArray HandEdited = "\xEF\xBB\xBF" "engine=Deferred\r\nsettingsVersion=2\r\n"
+                              "debuglogtypeblacklist=debug,\"warning, info\"\r\nrecentFiles=a.step, \"b, c.step\"\r\n"
+                              "[Caf\xC3\xA9]\r\nMen\xC3\xBC=\xE2\x82\xAC 5\r\n[DBCache]\r\ncachesize=8000\r\n"
+                              "[Resources]\r\nMaxGPUMemory=1\r\nLODTrianglesCap=60000\r\n";
+
+} // namespace
+
+class TorvaneConfigTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void usageErrors_data();
+    void usageErrors();
+    void pathListAndGet();
+    void set_data();
+    void set();
+    void setAndResetKeepTheRest();
+    void checkAndFix();
+    void failingValidator();
+    void editorOpenAtTheSameTime();
+    void completion();
+
+private:
+    QStringList onFile(const QStringList& arguments) const { return QStringList {"--file", iniPath()} + arguments; }
+    QString iniPath() const { return m_folder.filePath("Settings.ini"); }
+
+    TestHome m_home;
+    QTemporaryDir m_folder;
+};
+
+void TorvaneConfigTest::init()
+{
+    QVERIFY(m_home.isValid() && m_folder.isValid());
+    for (const QString& path : {iniPath(), iniPath() + ".bak"})
+        QFile::remove(path);
+}
+
+void TorvaneConfigTest::usageErrors_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("message");
+
+    QTest::newRow("no command") << QStringList() << "no command given";
+    QTest::newRow("command typo") << QStringList {"lsit"} << "unknown command 'lsit'; did you mean 'list'?";
+    QTest::newRow("key case") << QStringList {"set", "dbcache/cachesize", "100"}
+                              << "unknown key 'dbcache/cachesize'; did you mean 'DBCache/cacheSize'?";
+    QTest::newRow("key typo") << QStringList {"get", "Logging/logFil"} << "did you mean 'Logging/logFile'?";
+    QTest::newRow("key far off") << QStringList {"reset", "engine", "colour"} << "unknown key 'colour'\n";
+    QTest::newRow("file after the command") << QStringList {"list", "--file", "x"} << "Unknown option 'file'";
+    QTest::newRow("missing value") << QStringList {"set", "engine"} << "set takes a KEY and a VALUE";
+    QTest::newRow("keys and --all") << QStringList {"reset", "engine", "--all"} << "reset takes either KEYs or --all";
+}
+
+void TorvaneConfigTest::usageErrors()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, message);
+    QVERIFY(writeBytes(iniPath(), "engine=software\n"));
+    const Result result = run(onFile(arguments));
+    QCOMPARE(result.exitCode, 2);
+    QVERIFY2(result.err.contains(message), qPrintable(result.err));
+    QCOMPARE(result.out, QString());
+    QCOMPARE(fileBytes(iniPath()), "engine=software\n");
+}
+
+void TorvaneConfigTest::pathListAndGet()
+{
+    // The editor's own file unless --file names another; a relative name is made absolute.
+    QCOMPARE(run({"path"}).out, m_home.configPath() + "/TorvaneBoundlessX64/Settings.ini\n");
+    QCOMPARE(run({"--file", "relative.ini", "path"}).out, QDir::current().absoluteFilePath("relative.ini") + "\n");
+    const Result help = run({"--help"});
+    QCOMPARE(help.exitCode, 0);
+    QVERIFY(help.out.contains("3  a validator failed"));
+    QCOMPARE(run({"--version"}).out, "torvane-config 1.1.0\n");
+
+    QVERIFY(writeBytes(iniPath(), HandEdited));
+    const Result list = run(onFile({"list"}));
+    QCOMPARE(list.exitCode, 0);
+    QVERIFY(list.out.contains("\nengine = Deferred\n"));
+    QVERIFY(list.out.contains("\nDBCache/cacheSize = 4096 (default)\n"));
+    QVERIFY(list.out.contains("\nKeys in the file that nothing uses:\n"));
+    QVERIFY(list.out.contains("\nDBCache/cachesize = 8000 (did you mean DBCache/cacheSize?)\n"));
+    QVERIFY(list.out.contains("\nCaf\u00e9/Men\u00fc = \u20ac 5\n"));
+
+    const QJsonObject json = QJsonDocument::fromJson(run(onFile({"list", "--json"})).out.toUtf8()).object();
+    QCOMPARE(json["file"].toString(), iniPath());
+    const QJsonArray keys = json["keys"].toArray();
+    QCOMPARE(keys.size(), 28);
+    QCOMPARE(keys.first()["key"].toString(), "DBCache/cacheDirectory");
+    QCOMPARE(keys.first()["default"].toBool(), true);
+    QCOMPARE(json["unused"].toArray().first()["key"].toString(), "Caf\u00e9/Men\u00fc");
+    QCOMPARE(json["unused"].toArray().at(1)["suggestion"].toString(), "DBCache/cacheSize");
+
+    QCOMPARE(run(onFile({"get", "engine"})).out, "Deferred\n");
+    QCOMPARE(run(onFile({"get", "DBCache/cacheSize"})).out, "4096\n");
+    QCOMPARE(run(onFile({"get", "debuglogtypeblacklist"})).out, "debug, warning, info\n");
+    QCOMPARE(run(onFile({"get", "DBCache/cachesize"})).out, "8000\n"); // stored, though nothing uses it
+    QCOMPARE(fileBytes(iniPath()), HandEdited);
+}
+
+void TorvaneConfigTest::set_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QString>("stored"); // what the program would store; the value itself when kept
+
+    QTest::newRow("memory below") << "Resources/MaxGPUMemory" << "134217727" << "134217728";
+    QTest::newRow("memory at minimum") << "Resources/MaxGPUMemory" << "134217728" << "134217728";
+    QTest::newRow("memory at maximum") << "Resources/MaxCPUMemory3D" << "8489271296" << "8489271296";
+    QTest::newRow("memory above") << "Resources/MaxCPUMemoryRaytracer" << "8489271297" << "8489271296";
+    QTest::newRow("angle at maximum") << "Tesselation/TesselationMaxFaceAngle" << "359" << "359";
+    QTest::newRow("angle above") << "Tesselation/TesselationMaxFaceAngle" << "360" << "359";
+    QTest::newRow("sag above") << "Tesselation/TesselationMaxFaceSag" << "100.5" << "100";
+    QTest::newRow("sag rounded") << "Tesselation/TesselationMaxFaceSag" << "0.1234567" << "0.123457";
+    QTest::newRow("unit snapped") << "deferred/sceneUnits" << "0.0105" << "0.01";
+    QTest::newRow("engine case") << "engine" << "Software" << "deferred";
+    QTest::newRow("quality") << "raytracer/quality" << "ultra" << "ultra";
+    QTest::newRow("cores") << "raytracer/coreNumber" << "0" << "1";
+    QTest::newRow("three ratios") << "Simplification/Ratios" << "1/0.5/0.25" << "1/0.75/0.5/0.25/0.1";
+    QTest::newRow("ratios") << "Simplification/Ratios" << "1/0.6/0.3/0.2/0.05" << "1/0.6/0.3/0.2/0.05";
+    QTest::newRow("value with a dash") << "debuglogtypeblacklist" << "-v" << "-v";
+    QTest::newRow("list") << "debuglogtypeblacklist" << "debug, warning" << "debug, warning";
+}
+
+void TorvaneConfigTest::set()
+{
+    QFETCH(QString, key);
+    QFETCH(QString, value);
+    QFETCH(QString, stored);
+    QVERIFY(writeBytes(iniPath(), "language=fr\n"));
+    const Result result = run(onFile({"set", key, value}));
+    if (stored != value) {
+        QCOMPARE(result.exitCode, 1);
+        QVERIFY2(result.err.contains("would store '" + stored + "'"), qPrintable(result.err));
+        QCOMPARE(fileBytes(iniPath()), "language=fr\n");
+        return;
+    }
+    QCOMPARE(result.exitCode, 0);
+    QCOMPARE(run(onFile({"get", key})).out, value + "\n");
+    const Result check = run(onFile({"check"}));
+    QCOMPARE(check.out, QString());
+    QCOMPARE(check.exitCode, 0);
+}
+
+void TorvaneConfigTest::setAndResetKeepTheRest()
+{
+    QVERIFY(writeBytes(iniPath(), HandEdited));
+    QVariantMap expected = iniValues(iniPath());
+
+    QCOMPARE(run(onFile({"set", "engine", "software"})).exitCode, 0);
+    expected["engine"] = "software";
+    QCOMPARE(iniValues(iniPath()), expected);
+
+    // A key nothing uses may be reset (a typo, say); one neither known nor stored may not.
+    QCOMPARE(run(onFile({"reset", "DBCache/cachesize", "Resources/MaxGPUMemory", "language"})).exitCode, 0);
+    expected.remove("DBCache/cachesize");
+    expected.remove("Resources/MaxGPUMemory");
+    QCOMPARE(iniValues(iniPath()), expected);
+
+    QCOMPARE(run(onFile({"reset", "--all"})).exitCode, 0);
+    for (const QString key : {"engine", "settingsVersion", "debuglogtypeblacklist", "Resources/LODTrianglesCap"})
+        expected.remove(key);
+    QCOMPARE(iniValues(iniPath()), expected);
+    QCOMPARE(expected.keys(), QStringList({"Caf\u00e9/Men\u00fc", "recentFiles"}));
+
+    // Nothing stored: nothing written, not even an empty file.
+    QVERIFY(QFile::remove(iniPath()));
+    QCOMPARE(run(onFile({"reset", "--all"})).exitCode, 0);
+    QVERIFY(!QFile::exists(iniPath()));
+}
+
+void TorvaneConfigTest::checkAndFix()
+{
+    QVERIFY(writeBytes(iniPath(), HandEdited));
+    const Result check = run(onFile({"check"}));
+    QCOMPARE(check.exitCode, 1);
+    QCOMPARE(check.out, "Resources/MaxGPUMemory: '1' -> '134217728'\nengine: 'Deferred' -> 'deferred'\n");
+    QCOMPARE(fileBytes(iniPath()), HandEdited);
+    QVERIFY(!QFile::exists(iniPath() + ".bak"));
+
+    const Result fix = run(onFile({"check", "--fix"}));
+    QCOMPARE(fix.exitCode, 0);
+    QVERIFY(fix.out.startsWith(check.out));
+    QCOMPARE(fileBytes(iniPath() + ".bak"), HandEdited);
+    const Result again = run(onFile({"check"}));
+    QCOMPARE(again.out, QString());
+    QCOMPARE(again.exitCode, 0);
+
+    // The fixed file holds all the editor's pass would keep: passing over it gives the
+    // very bytes the pass gives over the damaged file.
+    const QByteArray fixed = fileBytes(iniPath());
+    const QByteArray passedFixed = afterEditorPass(iniPath());
+    QVERIFY(writeBytes(iniPath(), HandEdited));
+    const QByteArray passedOriginal = afterEditorPass(iniPath());
+    QCOMPARE(passedFixed, passedOriginal);
+    // Byte-order mark and CRLF fare as they do in the editor's pass.
+    QCOMPARE(fixed.startsWith("\xEF\xBB\xBF"), passedOriginal.startsWith("\xEF\xBB\xBF"));
+    QCOMPARE(fixed.contains("\r\n"), passedOriginal.contains("\r\n"));
+}
+
+void TorvaneConfigTest::failingValidator()
+{
+    // The default log file's folder would be under a regular file. The cache folder,
+    // checked before it, is repaired.
+    const QString blocked = m_folder.filePath("blocked");
+    const QByteArray damaged = "[DBCache]\ncacheDirectory=" + m_folder.filePath("gone").toUtf8() + "\n";
+    QVERIFY(writeBytes(blocked, "") && writeBytes(iniPath(), damaged));
+    const QString error = "Could not use the Torvane log file, file \"" + blocked
+                        + "/TorvaneBoundlessX64/log.txt\" could not be created\n";
+    const QStringList environment {"XDG_CONFIG_HOME=" + blocked};
+
+    for (const QStringList& arguments : {QStringList {"check", "--fix"}, {"set", "Logging/logFile", "/gone/log.txt"}}) {
+        const Result result = run(onFile(arguments), environment);
+        QCOMPARE(result.exitCode, 3);
+        QCOMPARE(result.err, "torvane-config: " + error);
+        QCOMPARE(fileBytes(iniPath()), damaged);
+        QVERIFY(!QFile::exists(iniPath() + ".bak"));
+    }
+    // The repairs before the failing key are still reported.
+    QVERIFY(run(onFile({"check"}), environment).out.startsWith("DBCache/cacheDirectory: '" + m_folder.filePath("gone")));
+}
+
+void TorvaneConfigTest::editorOpenAtTheSameTime()
+{
+    QVERIFY(writeBytes(iniPath(), "engine=deferred\n"));
+    QSettings editor(iniPath(), QSettings::IniFormat);
+    editor.setValue("language", "fr"); // applied, not yet synced
+    QCOMPARE(run(onFile({"set", "enablediag", "true"})).exitCode, 0);
+    editor.sync();
+    QCOMPARE(editor.value("enablediag").toString(), "true");
+    QCOMPARE(iniValues(iniPath()),
+             QVariantMap({{"engine", "deferred"}, {"enablediag", "true"}, {"language", "fr"}}));
+}
+
+void TorvaneConfigTest::completion()
+{
+    const auto complete = [](const QStringList& words) {
+        QProcess bash;
+        const QString script = "source \"$1\"; shift; COMP_WORDS=(\"$@\"); COMP_CWORD=$(($# - 1)); "
+                               "_torvane_config; echo \"${COMPREPLY[*]}\"";
+        bash.start("bash", QStringList {"-c", script, "bash", TORVANE_CONFIG_COMPLETION, TORVANE_CONFIG} + words);
+        return bash.waitForFinished(30000) ? QString::fromUtf8(bash.readAllStandardOutput()).trimmed() : QString();
+    };
+    QVERIFY(writeBytes(iniPath(), "[DBCache]\ncacheSize=10\ncachesize=8000\n"));
+    QCOMPARE(complete({"ch"}), "check");
+    QCOMPARE(complete({"check", "--"}), "--fix");
+    QCOMPARE(complete({"--file", iniPath(), "reset", "DBC"}),
+             "DBCache/cacheDirectory DBCache/cacheSize DBCache/cachesize");
+    QCOMPARE(complete({"get", "raytracer/q"}), "raytracer/quality");
+}
+
+QTEST_GUILESS_MAIN(TorvaneConfigTest)
+#include "tst_torvaneconfig.moc"
