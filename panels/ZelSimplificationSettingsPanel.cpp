@@ -2,6 +2,7 @@
 #include "ui_ZelSimplificationSettingsPanel.h"
 
 #include "ZelControlCenter.h"
+#include "ZelPanelImages.h"
 #include "ZelSettingsKeys.h"
 #include "kqDMIApplication.h"
 #include "kqDMManager.h"
@@ -42,6 +43,13 @@ ZelSimplificationSettingsPanel::ZelSimplificationSettingsPanel(kqDMIApplication*
     setStyleSheet(kqDMIApplication::GetStylesheet(QStringLiteral("ZelSimplificationSettingsPanel")));
     setPanelName(tr("Simplification"));
     setPanelCategory(ExportCategory);
+
+    const QString pictures[] = {QStringLiteral("High"), QStringLiteral("Medium High"), QStringLiteral("Medium"),
+                                QStringLiteral("Medium-Low-Quality"), QStringLiteral("Low-Quality")};
+    QLabel* const labels[] = {m_ui->levelIcon1, m_ui->levelIcon2, m_ui->levelIcon3, m_ui->levelIcon4,
+                              m_ui->levelIcon5};
+    for (std::size_t level = 0; level < LevelCount; ++level)
+        showSharpImage(labels[level], QStringLiteral(":/controlCenter/controlCenter/%1.png").arg(pictures[level]));
 
     // The order is kept when an edit is finished; the control center hears of every
     // step at once, so that Apply is ready while the box still has the focus.
