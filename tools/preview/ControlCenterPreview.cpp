@@ -1,162 +1,32 @@
 // A host window around the control center, to look at it: the menu column with a few
-// kernel actions and a separator, and the drawer with three sample pages beside it.
-// Usage: ControlCenterPreview [--menu]   (--menu leaves the drawer closed)
+// kernel actions and a separator, and the drawer with the settings pages beside it, on a
+// validated Settings.ini in a temporary folder.
+// Usage: ControlCenterPreview [--menu | --page NAME]
+//   --menu leaves the drawer closed; --page scrolls the drawer to the page of that name.
 
+#include "ZelAboutSettingsPanel.h"
 #include "ZelControlCenter.h"
+#include "ZelGeneralSettingsPanel.h"
+#include "ZelImportSettingsPanel.h"
 #include "ZelSettingsApplication.h"
-#include "ZelSettingsPanel.h"
+#include "ZelSimplificationSettingsPanel.h"
 #include "zelAction.h"
-#include "zelDoubleSpinBox.h"
-#include "zelSpinBox.h"
 
 #include <QApplication>
-#include <QCheckBox>
-#include <QFormLayout>
+#include <QCommandLineParser>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPushButton>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <memory>
 #include <vector>
 
 namespace {
-
-// A page whose fields are stored under their keys; edits stay pending until Apply.
-class SamplePage : public zel::ZelSettingsPanel
-{
-    Q_OBJECT
-
-public:
-    SamplePage(zel::kqDMIApplication* application, QSettings& settings, const QString& name,
-               const QString& description)
-        : ZelSettingsPanel(application, settings)
-    {
-        setPanelName(name);
-        auto* layout = new QVBoxLayout(this);
-        layout->setContentsMargins(20, 16, 20, 18);
-        layout->setSpacing(6);
-        auto* title = new QLabel(name, this);
-        title->setObjectName(QStringLiteral("pageTitle"));
-        auto* text = new QLabel(description, this);
-        text->setObjectName(QStringLiteral("pageDescription"));
-        text->setWordWrap(true);
-        layout->addWidget(title);
-        layout->addWidget(text);
-        m_form = new QFormLayout;
-        m_form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
-        m_form->setHorizontalSpacing(16);
-        m_form->setVerticalSpacing(10);
-        m_form->setContentsMargins(0, 10, 0, 0);
-        layout->addLayout(m_form);
-    }
-
-    void addSpin(const QString& key, const QString& label, int value, int maximum, const QString& suffix)
-    {
-        auto* spin = new zel::zelSpinBox(this);
-        spin->setRange(0, maximum);
-        spin->setSuffix(suffix);
-        connect(spin, &QSpinBox::valueChanged, this, &SamplePage::stateChanged);
-        addField(key, label, value, spin);
-    }
-
-    void addDouble(const QString& key, const QString& label, double value)
-    {
-        auto* spin = new zel::zelDoubleSpinBox(this);
-        spin->setRange(0.0, 1.0);
-        spin->setSingleStep(0.05);
-        connect(spin, &QDoubleSpinBox::valueChanged, this, &SamplePage::stateChanged);
-        addField(key, label, value, spin);
-    }
-
-    void addCheck(const QString& key, const QString& label, bool value)
-    {
-        auto* check = new QCheckBox(label, this);
-        connect(check, &QCheckBox::toggled, this, &SamplePage::stateChanged);
-        m_fields.push_back({key, value, check});
-        m_form->addRow(QString(), check);
-    }
-
-    void initializeWidget() override
-    {
-        for (const Field& field : m_fields)
-            setValue(field, settings().value(field.key, field.defaultValue));
-    }
-    bool hasModifications() const override
-    {
-        for (const Field& field : m_fields) {
-            if (value(field) != settings().value(field.key, field.defaultValue))
-                return true;
-        }
-        return false;
-    }
-    bool applyModifications() override
-    {
-        for (const Field& field : m_fields)
-            settings().setValue(field.key, value(field));
-        return false;
-    }
-    bool canResetContent() const override
-    {
-        for (const Field& field : m_fields) {
-            if (value(field) != field.defaultValue)
-                return true;
-        }
-        return false;
-    }
-    void resetContent() override
-    {
-        for (const Field& field : m_fields) {
-            setValue(field, field.defaultValue);
-        }
-        Q_EMIT stateChanged();
-    }
-    bool cancelModifications() override { return false; }
-
-Q_SIGNALS:
-    void stateChanged();
-
-private:
-    struct Field
-    {
-        QString key;
-        QVariant defaultValue;
-        QWidget* widget;
-    };
-
-    void addField(const QString& key, const QString& label, const QVariant& value, QWidget* widget)
-    {
-        m_fields.push_back({key, value, widget});
-        m_form->addRow(label, widget);
-    }
-
-    static QVariant value(const Field& field)
-    {
-        if (const auto* spin = qobject_cast<QSpinBox*>(field.widget))
-            return spin->value();
-        if (const auto* spin = qobject_cast<QDoubleSpinBox*>(field.widget))
-            return spin->value();
-        return qobject_cast<QCheckBox*>(field.widget)->isChecked();
-    }
-
-    static void setValue(const Field& field, const QVariant& value)
-    {
-        const QSignalBlocker blocker(field.widget);
-        if (auto* spin = qobject_cast<QSpinBox*>(field.widget))
-            spin->setValue(value.toInt());
-        else if (auto* spin = qobject_cast<QDoubleSpinBox*>(field.widget))
-            spin->setValue(value.toDouble());
-        else
-            qobject_cast<QCheckBox*>(field.widget)->setChecked(value.toBool());
-    }
-
-    QFormLayout* m_form = nullptr;
-    std::vector<Field> m_fields;
-};
 
 // Stands in for the 3D view the control center slides over.
 class ViewPlaceholder : public QWidget
@@ -197,10 +67,25 @@ int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
     app.setFont(QFont(QStringLiteral("Open Sans"), 10));
-    const bool drawer = !app.arguments().contains(QStringLiteral("--menu"));
+    QCommandLineParser parser;
+    parser.addHelpOption();
+    const QCommandLineOption menuOnly(QStringLiteral("menu"), QStringLiteral("Leave the drawer closed."));
+    const QCommandLineOption page(QStringLiteral("page"), QStringLiteral("Scroll the drawer to this page."),
+                                  QStringLiteral("name"));
+    parser.addOptions({menuOnly, page});
+    parser.process(app);
 
     const QTemporaryDir folder;
     zel::ZelSettingsApplication application(folder.path());
+    const QString applicationName = zel::ZelControlCenter::GetApplicationName();
+    zel::ZelControlCenter::InitDefaultSettingsValues(applicationName);
+    zel::ZelControlCenter::InitPageSettingsValues();
+    QSettings& settings = application.getSettings();
+    QString error;
+    if (!zel::ZelControlCenter::EnsureSettings(settings, error)) {
+        qCritical("%s", qUtf8Printable(error));
+        return 1;
+    }
 
     QWidget window;
     window.setWindowTitle(QStringLiteral("Control center preview"));
@@ -249,41 +134,29 @@ int main(int argc, char** argv)
     actions.back()->setEnabled(false);
     controlCenter->addCCSeparator(QStringLiteral("Settings"), QStringLiteral("beforeSettings"));
 
-    QSettings& settings = application.getSettings();
-    SamplePage display(&application, settings, QStringLiteral("Display"),
-                       QStringLiteral("How the 3D view draws the scene."));
-    display.addCheck(QStringLiteral("Display/ambientOcclusion"), QStringLiteral("Ambient occlusion"), true);
-    display.addCheck(QStringLiteral("Display/antiAliasing"), QStringLiteral("Anti-aliasing"), true);
-    display.addSpin(QStringLiteral("Display/shadowQuality"), QStringLiteral("Shadow quality"), 2, 4, QString());
-    SamplePage general(&application, settings, QStringLiteral("General"),
-                       QStringLiteral("Folders and memory used while models load."));
-    general.addSpin(QStringLiteral("General/cacheSize"), QStringLiteral("Cache size"), 2048, 65536,
-                    QStringLiteral(" MB"));
-    general.addSpin(QStringLiteral("General/threads"), QStringLiteral("Loader threads"), 4, 64, QString());
-    general.addCheck(QStringLiteral("General/checkUpdates"), QStringLiteral("Check for updates at start-up"), false);
-    SamplePage simplification(&application, settings, QStringLiteral("Simplification"),
-                              QStringLiteral("Levels of detail written when exporting."));
-    simplification.addDouble(QStringLiteral("Simplification/ratio"), QStringLiteral("First level ratio"), 0.5);
-    simplification.addSpin(QStringLiteral("Simplification/cap"), QStringLiteral("Triangle cap"), 500000, 10000000,
-                           QString());
-    simplification.addCheck(QStringLiteral("Simplification/borders"), QStringLiteral("Keep open borders"), true);
-
-    for (SamplePage* page : {&display, &general, &simplification})
-        controlCenter->registerSettingsPanel(page);
+    // The stand-alone editor's order, the Display page aside.
+    zel::ZelGeneralSettingsPanel general(&application, settings);
+    zel::ZelSimplificationSettingsPanel simplification(&application, settings);
+    zel::ZelImportSettingsPanel import(&application, settings);
+    zel::ZelAboutSettingsPanel about(&application, settings);
+    const std::vector<zel::ZelSettingsPanel*> pages = {&general, &simplification, &import, &about};
+    for (zel::ZelSettingsPanel* settingsPage : pages)
+        controlCenter->registerSettingsPanel(settingsPage);
 
     window.show();
     controlCenter->openMenu(true);
-    if (drawer) {
+    if (!parser.isSet(menuOnly)) {
         controlCenter->setControlCenterVisible(true);
-        display.getActionWidget()->setChecked(true);
-        // One pending edit, so that Apply shows its enabled look.
-        general.findChild<QSpinBox*>()->setValue(4096);
+        general.getActionWidget()->setChecked(true);
+        const QString shown = parser.value(page);
+        for (zel::ZelSettingsPanel* settingsPage : pages) {
+            if (!shown.isEmpty() && settingsPage->getPanelName() == shown)
+                QTimer::singleShot(600, settingsPage->getActionWidget(), &QPushButton::click);
+        }
     }
 
     const int result = app.exec();
-    for (SamplePage* page : {&simplification, &general, &display})
-        controlCenter->unregisterSettingsPanel(page, true);
+    for (auto it = pages.rbegin(); it != pages.rend(); ++it)
+        controlCenter->unregisterSettingsPanel(*it, true);
     return result;
 }
-
-#include "ControlCenterPreview.moc"
