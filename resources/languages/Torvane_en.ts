@@ -1,4 +1,255 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
 <TS version="2.1" language="en_US">
+<context>
+    <name>ZelAboutSettingsPanel</name>
+    <message>
+        <source>About</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Identify the Torvane version and all the third party components used while developping this software.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copyright © 2012-%1 The Torvane team. All rights reserved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Plugins</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Plugin name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;This software uses the following libraries :&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ZelControlCenter</name>
+    <message>
+        <source>Settings Modification</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Application Settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Resets all parameters</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Applies your changes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Changes the settings of the application</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You need to restart your application to turn settings modification effective.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You have pending modifications. Continue and discard your changes ?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not use the 3D database cache, folder &quot;%1&quot; could not be created</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not use the Torvane log file, file &quot;%1&quot; could not be created</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not create compulsory folder &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ZelGeneralSettingsPanel</name>
+    <message>
+        <source>Folders</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Resets your folders to their default values</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Torvane allows to load large models thanks to a fine handling of the available memory. To achieve such a goal, it uses a cache folder which you can set here its maximum size and its location.
+You may also change the location for your screenshots album.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Screenshot folder :</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cache folder :</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cache size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> Mo</source>
+        <translation> MB</translation>
+    </message>
+</context>
+<context>
+    <name>ZelImportSettingsPanel</name>
+    <message>
+        <source>Tessellation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Resets your tessellation parameters to their default values</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>When importing native CAD files, Torvane chooses automatically the tesselation parameters that will output triangles. 
+You may manually choose the parameters that will best fit your needs.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tessellation Quality</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>High Quality</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Low Quality</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Max Face Sag</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Max Face Length</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Max Face Angle</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> °</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ZelSimplificationSettingsPanel</name>
+    <message>
+        <source>Compression / Simplification</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Resets the simplification ratios to their original values</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The simplification process is used when exporting your scene to reduce the size of your files.
+You can set here the resulting percentage of triangles from the source model you will obtain when using a given quality, with the exception of level 5 that has no compression (thus 100 % of the triangles of the source model).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No
+compression</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> %</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Low compression</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Medium Compression</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>High Compression</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Best compression</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zel::ZelAboutSettingsPanel</name>
+    <message>
+        <source>&lt;p&gt;&lt;b&gt;Qt %1&lt;/b&gt;, the application framework, under the GNU Lesser General Public License version 3.&lt;br/&gt;&lt;a href=&quot;https://www.qt.io/&quot;&gt;www.qt.io&lt;/a&gt; &amp;middot; &lt;a href=&quot;https://www.gnu.org/licenses/lgpl-3.0.html&quot;&gt;GNU LGPL v3&lt;/a&gt;&lt;/p&gt;&lt;p&gt;&lt;b&gt;Open Sans&lt;/b&gt;, the typeface of the interface, under the SIL Open Font License 1.1.&lt;br/&gt;&lt;a href=&quot;https://fonts.google.com/specimen/Open+Sans&quot;&gt;Open Sans&lt;/a&gt; &amp;middot; &lt;a href=&quot;https://openfontlicense.org/&quot;&gt;SIL OFL 1.1&lt;/a&gt;&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zel::ZelGeneralSettingsPanel</name>
+    <message>
+        <source>Folders</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please set your database cache folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please set your screenshot folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose a folder...</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zel::ZelImportSettingsPanel</name>
+    <message>
+        <source>Tessellation</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zel::ZelSimplificationSettingsPanel</name>
+    <message>
+        <source>Simplification</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
 </TS>

@@ -2,58 +2,258 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr_FR">
 <context>
+    <name>ZelAboutSettingsPanel</name>
+    <message>
+        <source>About</source>
+        <translation>À propos</translation>
+    </message>
+    <message>
+        <source>Identify the Torvane version and all the third party components used while developping this software.</source>
+        <translation>Identifiez la version de Torvane et tous les composants tiers utilisés pour développer ce logiciel.</translation>
+    </message>
+    <message>
+        <source>Copyright © 2012-%1 The Torvane team. All rights reserved.</source>
+        <translation>Copyright © 2012-%1 L’équipe Torvane. Tous droits réservés.</translation>
+    </message>
+    <message>
+        <source>Plugins</source>
+        <translation>Modules</translation>
+    </message>
+    <message>
+        <source>Plugin name</source>
+        <translation>Nom du module</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>Version</translation>
+    </message>
+    <message>
+        <source>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;This software uses the following libraries :&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;Ce logiciel utilise les bibliothèques suivantes :&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+</context>
+<context>
     <name>ZelControlCenter</name>
     <message>
         <source>Could not use the 3D database cache, folder &quot;%1&quot; could not be created</source>
-        <translation >Impossible d’utiliser le cache de la base 3D : le dossier &quot;%1&quot; n’a pas pu être créé</translation>
+        <translation>Impossible d’utiliser le cache de la base 3D : le dossier &quot;%1&quot; n’a pas pu être créé</translation>
     </message>
     <message>
         <source>Could not use the Torvane log file, file &quot;%1&quot; could not be created</source>
-        <translation >Impossible d’utiliser le journal de Torvane : le fichier &quot;%1&quot; n’a pas pu être créé</translation>
+        <translation>Impossible d’utiliser le journal de Torvane : le fichier &quot;%1&quot; n’a pas pu être créé</translation>
     </message>
     <message>
         <source>Could not create compulsory folder &quot;%1&quot;</source>
-        <translation >Impossible de créer le dossier obligatoire &quot;%1&quot;</translation>
+        <translation>Impossible de créer le dossier obligatoire &quot;%1&quot;</translation>
     </message>
     <message>
         <source>Settings Modification</source>
-        <translation >Modification des paramètres</translation>
+        <translation>Modification des paramètres</translation>
     </message>
     <message>
         <source>Application Settings</source>
-        <translation >Paramètres de l’application</translation>
+        <translation>Paramètres de l’application</translation>
     </message>
     <message>
         <source>Reset</source>
-        <translation >Réinitialiser</translation>
+        <translation>Réinitialiser</translation>
     </message>
     <message>
         <source>Resets all parameters</source>
-        <translation >Rétablit tous les paramètres</translation>
+        <translation>Rétablit tous les paramètres</translation>
     </message>
     <message>
         <source>Apply</source>
-        <translation >Appliquer</translation>
+        <translation>Appliquer</translation>
     </message>
     <message>
         <source>Applies your changes</source>
-        <translation >Applique vos modifications</translation>
+        <translation>Applique vos modifications</translation>
     </message>
     <message>
         <source>Settings</source>
-        <translation >Paramètres</translation>
+        <translation>Paramètres</translation>
     </message>
     <message>
         <source>Changes the settings of the application</source>
-        <translation >Modifie les paramètres de l’application</translation>
+        <translation>Modifie les paramètres de l’application</translation>
     </message>
     <message>
         <source>You need to restart your application to turn settings modification effective.</source>
-        <translation >Redémarrez l’application pour que les nouveaux paramètres prennent effet.</translation>
+        <translation>Redémarrez l’application pour que les nouveaux paramètres prennent effet.</translation>
     </message>
     <message>
         <source>You have pending modifications. Continue and discard your changes ?</source>
-        <translation >Des modifications n’ont pas été appliquées. Continuer et les abandonner ?</translation>
+        <translation>Des modifications n’ont pas été appliquées. Continuer et les abandonner ?</translation>
+    </message>
+</context>
+<context>
+    <name>ZelGeneralSettingsPanel</name>
+    <message>
+        <source>Folders</source>
+        <translation>Dossiers</translation>
+    </message>
+    <message>
+        <source>Resets your folders to their default values</source>
+        <translation>Rétablit les valeurs par défaut de vos dossiers</translation>
+    </message>
+    <message>
+        <source>Torvane allows to load large models thanks to a fine handling of the available memory. To achieve such a goal, it uses a cache folder which you can set here its maximum size and its location.
+You may also change the location for your screenshots album.</source>
+        <translation>Torvane charge de très gros modèles grâce à une gestion fine de la mémoire disponible. Pour cela, il utilise un dossier de cache dont vous pouvez régler ici la taille maximale et l’emplacement.
+Vous pouvez aussi changer l’emplacement de vos captures d’écran.</translation>
+    </message>
+    <message>
+        <source>Screenshot folder :</source>
+        <translation>Dossier des captures :</translation>
+    </message>
+    <message>
+        <source>Cache folder :</source>
+        <translation>Dossier du cache :</translation>
+    </message>
+    <message>
+        <source>Cache size</source>
+        <translation>Taille du cache</translation>
+    </message>
+    <message>
+        <source> Mo</source>
+        <translation> Mo</translation>
+    </message>
+</context>
+<context>
+    <name>ZelImportSettingsPanel</name>
+    <message>
+        <source>Tessellation</source>
+        <translation>Tessellation</translation>
+    </message>
+    <message>
+        <source>Resets your tessellation parameters to their default values</source>
+        <translation>Rétablit les valeurs par défaut de vos paramètres de tessellation</translation>
+    </message>
+    <message>
+        <source>When importing native CAD files, Torvane chooses automatically the tesselation parameters that will output triangles. 
+You may manually choose the parameters that will best fit your needs.</source>
+        <translation>À l’import de fichiers CAO natifs, Torvane choisit automatiquement les paramètres de tessellation qui produiront les triangles.
+Vous pouvez choisir vous-même les paramètres les mieux adaptés à vos besoins.</translation>
+    </message>
+    <message>
+        <source>Tessellation Quality</source>
+        <translation>Qualité de tessellation</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Par défaut</translation>
+    </message>
+    <message>
+        <source>High Quality</source>
+        <translation>Haute qualité</translation>
+    </message>
+    <message>
+        <source>Low Quality</source>
+        <translation>Basse qualité</translation>
+    </message>
+    <message>
+        <source>Max Face Sag</source>
+        <translation>Flèche max. des faces</translation>
+    </message>
+    <message>
+        <source>Max Face Length</source>
+        <translation>Longueur max. des faces</translation>
+    </message>
+    <message>
+        <source>Max Face Angle</source>
+        <translation>Angle max. des faces</translation>
+    </message>
+    <message>
+        <source> °</source>
+        <translation> °</translation>
+    </message>
+</context>
+<context>
+    <name>ZelSimplificationSettingsPanel</name>
+    <message>
+        <source>Compression / Simplification</source>
+        <translation>Compression / Simplification</translation>
+    </message>
+    <message>
+        <source>Resets the simplification ratios to their original values</source>
+        <translation>Rétablit les taux de simplification d’origine</translation>
+    </message>
+    <message>
+        <source>The simplification process is used when exporting your scene to reduce the size of your files.
+You can set here the resulting percentage of triangles from the source model you will obtain when using a given quality, with the exception of level 5 that has no compression (thus 100 % of the triangles of the source model).</source>
+        <translation>La simplification sert à l’export de votre scène, pour réduire la taille de vos fichiers.
+Vous pouvez régler ici le pourcentage de triangles du modèle source que vous obtiendrez pour chaque qualité, à l’exception du niveau 5 qui n’est pas compressé (soit 100 % des triangles du modèle source).</translation>
+    </message>
+    <message>
+        <source>No
+compression</source>
+        <translation>Sans
+compression</translation>
+    </message>
+    <message>
+        <source> %</source>
+        <translation> %</translation>
+    </message>
+    <message>
+        <source>Low compression</source>
+        <translation>Compression faible</translation>
+    </message>
+    <message>
+        <source>Medium Compression</source>
+        <translation>Compression moyenne</translation>
+    </message>
+    <message>
+        <source>High Compression</source>
+        <translation>Compression forte</translation>
+    </message>
+    <message>
+        <source>Best compression</source>
+        <translation>Compression maximale</translation>
+    </message>
+</context>
+<context>
+    <name>zel::ZelAboutSettingsPanel</name>
+    <message>
+        <source>&lt;p&gt;&lt;b&gt;Qt %1&lt;/b&gt;, the application framework, under the GNU Lesser General Public License version 3.&lt;br/&gt;&lt;a href=&quot;https://www.qt.io/&quot;&gt;www.qt.io&lt;/a&gt; &amp;middot; &lt;a href=&quot;https://www.gnu.org/licenses/lgpl-3.0.html&quot;&gt;GNU LGPL v3&lt;/a&gt;&lt;/p&gt;&lt;p&gt;&lt;b&gt;Open Sans&lt;/b&gt;, the typeface of the interface, under the SIL Open Font License 1.1.&lt;br/&gt;&lt;a href=&quot;https://fonts.google.com/specimen/Open+Sans&quot;&gt;Open Sans&lt;/a&gt; &amp;middot; &lt;a href=&quot;https://openfontlicense.org/&quot;&gt;SIL OFL 1.1&lt;/a&gt;&lt;/p&gt;</source>
+        <translation>&lt;p&gt;&lt;b&gt;Qt %1&lt;/b&gt;, le cadre d’application, sous la licence publique générale limitée GNU version 3.&lt;br/&gt;&lt;a href=&quot;https://www.qt.io/&quot;&gt;www.qt.io&lt;/a&gt; &amp;middot; &lt;a href=&quot;https://www.gnu.org/licenses/lgpl-3.0.html&quot;&gt;GNU LGPL v3&lt;/a&gt;&lt;/p&gt;&lt;p&gt;&lt;b&gt;Open Sans&lt;/b&gt;, la police de l’interface, sous la licence SIL Open Font License 1.1.&lt;br/&gt;&lt;a href=&quot;https://fonts.google.com/specimen/Open+Sans&quot;&gt;Open Sans&lt;/a&gt; &amp;middot; &lt;a href=&quot;https://openfontlicense.org/&quot;&gt;SIL OFL 1.1&lt;/a&gt;&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>À propos</translation>
+    </message>
+</context>
+<context>
+    <name>zel::ZelGeneralSettingsPanel</name>
+    <message>
+        <source>Folders</source>
+        <translation>Dossiers</translation>
+    </message>
+    <message>
+        <source>Please set your database cache folder</source>
+        <translation>Choisissez le dossier du cache de la base 3D</translation>
+    </message>
+    <message>
+        <source>Please set your screenshot folder</source>
+        <translation>Choisissez le dossier de vos captures d’écran</translation>
+    </message>
+    <message>
+        <source>Choose a folder...</source>
+        <translation>Choisir un dossier…</translation>
+    </message>
+</context>
+<context>
+    <name>zel::ZelImportSettingsPanel</name>
+    <message>
+        <source>Tessellation</source>
+        <translation>Tessellation</translation>
+    </message>
+</context>
+<context>
+    <name>zel::ZelSimplificationSettingsPanel</name>
+    <message>
+        <source>Simplification</source>
+        <translation>Simplification</translation>
     </message>
 </context>
 </TS>
