@@ -1,8 +1,9 @@
 // A host window around the control center, to look at it: the menu column with a few
 // kernel actions and a separator, and the drawer with the settings pages beside it, on a
 // validated Settings.ini in a temporary folder.
-// Usage: ControlCenterPreview [--menu | --page NAME]
-//   --menu leaves the drawer closed; --page scrolls the drawer to the page of that name.
+// Usage: ControlCenterPreview [--menu | --page NAME] [--folder PATH]
+//   --menu leaves the drawer closed; --page scrolls the drawer to the page of that name;
+//   --folder uses the Settings.ini of that folder instead of a fresh one.
 
 #include "ZelAboutSettingsPanel.h"
 #include "ZelControlCenter.h"
@@ -72,11 +73,15 @@ int main(int argc, char** argv)
     const QCommandLineOption menuOnly(QStringLiteral("menu"), QStringLiteral("Leave the drawer closed."));
     const QCommandLineOption page(QStringLiteral("page"), QStringLiteral("Scroll the drawer to this page."),
                                   QStringLiteral("name"));
-    parser.addOptions({menuOnly, page});
+    const QCommandLineOption settingsFolder(QStringLiteral("folder"),
+                                            QStringLiteral("Use the Settings.ini in this folder (validated first)."),
+                                            QStringLiteral("path"));
+    parser.addOptions({menuOnly, page, settingsFolder});
     parser.process(app);
 
     const QTemporaryDir folder;
-    zel::ZelSettingsApplication application(folder.path());
+    zel::ZelSettingsApplication application(parser.isSet(settingsFolder) ? parser.value(settingsFolder)
+                                                                          : folder.path());
     const QString applicationName = zel::ZelControlCenter::GetApplicationName();
     zel::ZelControlCenter::InitDefaultSettingsValues(applicationName);
     zel::ZelControlCenter::InitPageSettingsValues();
