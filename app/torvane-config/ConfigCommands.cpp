@@ -286,7 +286,9 @@ int ConfigCommands::unknownKey(const QString& key, const QStringList& known)
 int ConfigCommands::saved(QSettings& settings)
 {
     settings.sync();
-    if (settings.status() == QSettings::NoError)
+    // The status keeps the first error met, also one of reading: Qt's reader reports a
+    // byte-order mark before a section as a format error, yet writes the file in full.
+    if (settings.status() != QSettings::AccessError)
         return ExitDone;
     m_err << QStringLiteral("torvane-config: cannot write %1").arg(m_file) << Qt::endl;
     return ExitFileError;

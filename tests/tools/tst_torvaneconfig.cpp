@@ -60,7 +60,7 @@ QByteArray afterEditorPass(const QString& path)
 
 // A file saved by a Windows editor: byte-order mark, CRLF, UTF-8, comma lists, keys that
 // nothing uses (one a typo), and values the editor would repair.
-const QByteArray HandEdited = "\xEF\xBB\xBF" "engine=Deferred\r\nsettingsVersion=2\r\n"
+const QByteArray HandEdited = "\xEF\xBB\xBF" "[General]\r\nengine=Deferred\r\nsettingsVersion=2\r\n"
                               "debuglogtypeblacklist=debug,\"warning, info\"\r\nrecentFiles=a.step, \"b, c.step\"\r\n"
                               "[Caf\xC3\xA9]\r\nMen\xC3\xBC=\xE2\x82\xAC 5\r\n[DBCache]\r\ncachesize=8000\r\n"
                               "[Resources]\r\nMaxGPUMemory=1\r\nLODTrianglesCap=60000\r\n";
