@@ -4,42 +4,42 @@
 
 namespace zel::PanelDefaults {
 
-namespace {
-
-// The registered default, or a null string for a key nobody registered.
-QString registered(QLatin1String key)
+std::optional<QString> text(QLatin1String key)
 {
-    return ZelControlCenter::GetDefaultSettingsValue(key);
+    QString registered = ZelControlCenter::GetDefaultSettingsValue(key);
+    if (registered.isNull())
+        return std::nullopt;
+    return registered;
 }
-
-} // namespace
 
 void assign(QString& field, QLatin1String key)
 {
-    const QString text = registered(key);
-    if (!text.isNull())
-        field = text;
+    if (const auto registered = text(key))
+        field = *registered;
 }
 
 void assign(int& field, QLatin1String key)
 {
-    const QString text = registered(key);
-    if (!text.isNull())
-        field = text.toInt();
+    if (const auto registered = text(key))
+        field = registered->toInt();
+}
+
+void assign(quint64& field, QLatin1String key)
+{
+    if (const auto registered = text(key))
+        field = registered->toULongLong();
 }
 
 void assign(double& field, QLatin1String key)
 {
-    const QString text = registered(key);
-    if (!text.isNull())
-        field = text.toDouble();
+    if (const auto registered = text(key))
+        field = registered->toDouble();
 }
 
 void assign(bool& field, QLatin1String key)
 {
-    const QString text = registered(key);
-    if (!text.isNull())
-        field = text == QLatin1String("true");
+    if (const auto registered = text(key))
+        field = *registered == QLatin1String("true");
 }
 
 } // namespace zel::PanelDefaults

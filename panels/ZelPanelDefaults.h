@@ -1,10 +1,15 @@
 #pragma once
 
 #include <QLatin1String>
+#include <QString>
+#include <QtGlobal>
 
-class QString;
+#include <optional>
 
 namespace zel::PanelDefaults {
+
+// The registered default text of `key`; nothing when nobody registered the key.
+std::optional<QString> text(QLatin1String key);
 
 // Each overwrites `field` with the registered default of `key`, converted to the
 // field's type: base-10 integer, double, or exactly "true" for a Boolean. A key that
@@ -12,6 +17,7 @@ namespace zel::PanelDefaults {
 // widgets first, so that Reset never invents a value it was not given.
 void assign(QString& field, QLatin1String key);
 void assign(int& field, QLatin1String key);
+void assign(quint64& field, QLatin1String key);
 void assign(double& field, QLatin1String key);
 void assign(bool& field, QLatin1String key);
 

@@ -17,6 +17,13 @@ inline void click(QWidget* widget, QPoint position = QPoint())
     QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, widget->mapTo(window, position));
 }
 
+// A click on a check box's or radio button's indicator, where a user clicks: a layout
+// may stretch the button far beyond its text, and the empty rest takes no clicks.
+inline void clickIndicator(QWidget* button)
+{
+    click(button, QPoint(8, button->height() / 2));
+}
+
 // One wheel notch down as the platform delivers it: to the widget under the pointer,
 // spontaneous, so that QApplication passes an ignored event on to the parents.
 inline void turnWheelDown(QAbstractSpinBox* box)

@@ -4,6 +4,9 @@
 #include "ZelSettingsApplication.h"
 #include "ZelSettingsPanel.h"
 #include "kqDMManager.h"
+#include "kqDMRenderer.h"
+#include "zelAction.h"
+#include "zelActionManager.h"
 
 #include <QApplication>
 #include <QDir>
@@ -33,6 +36,16 @@ struct FakeManager : zel::kqDMManager {
     QStringList& journal;
 };
 
+// The renderer of a running viewer: writes "setTargetTriangles <n>" into `journal`.
+struct FakeRenderer : zel::kqDMRenderer {
+    explicit FakeRenderer(QStringList& journal) : journal(journal) {}
+    void setTargetTriangles(quint64 triangles) override
+    {
+        journal.append(QStringLiteral("setTargetTriangles %1").arg(triangles));
+    }
+    QStringList& journal;
+};
+
 struct FakePlugin : zel::kqDMPlugin {
     FakePlugin(const QString& name, const QString& version) : name(name), version(version) {}
     QString getPluginName() const override { return name; }
@@ -56,6 +69,8 @@ public:
     explicit FakeApplication(Host host) : ZelSettingsApplication(QDir::tempPath()), viewer(host == Host::Viewer) {}
     zel::kqDMGuiPlugin* getGuiPlugin() const override { return viewer ? &plugin : nullptr; }
     zel::kqDMManager* getDMManager() const override { return viewer ? &manager : nullptr; }
+    zel::kqDMRenderer* getDMRenderer() const override { return viewer ? &renderer : nullptr; }
+    zel::zelActionManager* getActionManager() override { return viewer ? &actions : nullptr; }
     const std::vector<zel::kqDMPlugin*>& getPluginsList() const override { return plugins; }
     void setScreenshotImageFolder(const QString& folder) override
     {
@@ -70,6 +85,10 @@ public:
     std::vector<bool> engineUpdates;
     QStringList kernel;
     mutable FakeManager manager {kernel};
+    mutable FakeRenderer renderer {kernel};
+    // The viewer's actions; the Display page enables "renderingMode" or not.
+    zel::zelActionManager actions;
+    zel::zelAction renderingMode {QStringLiteral("renderingMode"), QStringLiteral("Rendering mode"), &actions};
     std::vector<zel::kqDMPlugin*> plugins;
 };
 using Host = FakeApplication::Host;

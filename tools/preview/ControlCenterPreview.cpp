@@ -9,6 +9,7 @@
 #include "ZelControlCenter.h"
 #include "ZelGeneralSettingsPanel.h"
 #include "ZelImportSettingsPanel.h"
+#include "ZelRendererSettingsPanel.h"
 #include "ZelSettingsApplication.h"
 #include "ZelSimplificationSettingsPanel.h"
 #include "zelAction.h"
@@ -139,12 +140,13 @@ int main(int argc, char** argv)
     actions.back()->setEnabled(false);
     controlCenter->addCCSeparator(QStringLiteral("Settings"), QStringLiteral("beforeSettings"));
 
-    // The stand-alone editor's order, the Display page aside.
+    // The stand-alone editor's order.
+    zel::ZelRendererSettingsPanel display(&application, settings);
     zel::ZelGeneralSettingsPanel general(&application, settings);
     zel::ZelSimplificationSettingsPanel simplification(&application, settings);
     zel::ZelImportSettingsPanel import(&application, settings);
     zel::ZelAboutSettingsPanel about(&application, settings);
-    const std::vector<zel::ZelSettingsPanel*> pages = {&general, &simplification, &import, &about};
+    const std::vector<zel::ZelSettingsPanel*> pages = {&display, &general, &simplification, &import, &about};
     for (zel::ZelSettingsPanel* settingsPage : pages)
         controlCenter->registerSettingsPanel(settingsPage);
 
@@ -152,7 +154,7 @@ int main(int argc, char** argv)
     controlCenter->openMenu(true);
     if (!parser.isSet(menuOnly)) {
         controlCenter->setControlCenterVisible(true);
-        general.getActionWidget()->setChecked(true);
+        display.getActionWidget()->setChecked(true);
         const QString shown = parser.value(page);
         for (zel::ZelSettingsPanel* settingsPage : pages) {
             if (!shown.isEmpty() && settingsPage->getPanelName() == shown)

@@ -1,0 +1,385 @@
+#include "ZelRendererSettingsPanel.h"
+#include "ui_ZelRendererSettingsPanel.h"
+
+#include "ZelPanelDefaults.h"
+#include "ZelSettingsKeys.h"
+#include "kqDMIApplication.h"
+#include "kqDMRenderer.h"
+#include "zelAction.h"
+#include "zelActionManager.h"
+
+#include <QSettings>
+#include <QThread>
+
+#include <cmath>
+#include <iterator>
+
+namespace zel {
+
+namespace {
+
+// Units per metre, in the order of the scene-unit combo box: km, hm, dam, m, dm, cm, mm.
+constexpr float SceneUnitFactors[] = {0.001f, 0.01f, 0.1f, 1.0f, 10.0f, 100.0f, 1000.0f};
+constexpr int MetreIndex = 3;
+constexpr float SceneUnitTolerance = 0.001f;
+// The memory fields show mebibytes; the settings hold bytes.
+constexpr int MebibyteShift = 20;
+
+int mebibytes(quint64 bytes)
+{
+    return int(bytes >> MebibyteShift);
+}
+
+quint64 bytes(int mebibytes)
+{
+    return quint64(mebibytes) << MebibyteShift;
+}
+
+} // namespace
+
+bool EngineModel::operator==(const EngineModel& other) const
+{
+    if (useSoftware != other.useSoftware || trianglesCap != other.trianglesCap)
+        return false;
+    if (useSoftware) {
+        return maxCPUMemoryRaytracer == other.maxCPUMemoryRaytracer && coreNumber == other.coreNumber
+            && quality == other.quality;
+    }
+    if (useSSAO != other.useSSAO || useFXAA != other.useFXAA || useED != other.useED
+        || maxCPUMemory3D != other.maxCPUMemory3D || maxGPUMemory != other.maxGPUMemory)
+        return false;
+    // The combo box is the "SSAO Units" setting.
+    return !useSSAO || sceneUnitIndex == other.sceneUnitIndex;
+}
+
+ZelRendererSettingsPanel::ZelRendererSettingsPanel(kqDMIApplication* application, QSettings& settings,
+                                                   QWidget* parent, Qt::WindowFlags flags)
+    : ZelModelSettingsPanel(application, settings, parent, flags)
+    , m_ui(std::make_unique<Ui::ZelRendererSettingsPanel>())
+    , m_qualityNames {tr("Low"), tr("Medium"), tr("High"), tr("Ultra")}
+{
+    m_ui->setupUi(this);
+    setResetButton(m_ui->resetButton);
+    setStyleSheet(kqDMIApplication::GetStylesheet(QStringLiteral("ZelRendererSettingsPanel")));
+
+    const QSettings& stored = this->settings();
+    m_startQuality = kqDMRenderer::GetRaytracerQuality(stored.value(SettingsKeys::RaytracerQuality).toString());
+    m_startCoreNumber = stored.value(SettingsKeys::RaytracerCoreNumber).toInt();
+    m_startGPUMode = stored.value(SettingsKeys::Engine).toString() != QLatin1String("software");
+
+    setPanelName(tr("Display"));
+    setPanelCategory(ApplicationCategory);
+
+    const int processors = QThread::idealThreadCount();
+    if (processors != -1)
+        m_ui->coreUsedSlider->setMaximum(processors);
+    m_ui->qualitySlider->setMaximum(int(m_qualityNames.size()) - 1);
+    m_ui->extendOptionFrame->hide();
+    getCurrentModel(m_formModel);
+}
+
+ZelRendererSettingsPanel::~ZelRendererSettingsPanel() = default;
+
+int ZelRendererSettingsPanel::GetSceneUnitComboIndex(float factor)
+{
+    for (int index = 0; index < int(std::size(SceneUnitFactors)); ++index) {
+        if (std::fabs(factor - SceneUnitFactors[index]) < SceneUnitTolerance)
+            return index;
+    }
+    return MetreIndex;
+}
+
+void ZelRendererSettingsPanel::on_resetButton_clicked()
+{
+    resetContent();
+}
+
+void ZelRendererSettingsPanel::on_maxTrianglesSpinBox_valueChanged(int)
+{
+    announceEdit();
+}
+
+void ZelRendererSettingsPanel::on_maxGPUSPinBox_valueChanged(int)
+{
+    announceEdit();
+}
+
+void ZelRendererSettingsPanel::on_maxCPURaySpinBox_valueChanged(int)
+{
+    announceEdit();
+}
+
+void ZelRendererSettingsPanel::on_maxCPU3DSpinBox_valueChanged(int)
+{
+    announceEdit();
+}
+
+void ZelRendererSettingsPanel::on_sceneUnitComboBox_currentIndexChanged(int)
+{
+    announceEdit();
+}
+
+void ZelRendererSettingsPanel::on_deferredEDCheckBox_stateChanged(int)
+{
+    announceEdit();
+}
+
+void ZelRendererSettingsPanel::on_deferredFXAACheckBox_stateChanged(int)
+{
+    announceEdit();
+}
+
+void ZelRendererSettingsPanel::on_deferredSSAOCheckBox_stateChanged(int)
+{
+    announceEdit();
+}
+
+void ZelRendererSettingsPanel::on_coreUsedSlider_valueChanged(int value)
+{
+    setNbCoresTxt(value);
+    announceEdit();
+}
+
+void ZelRendererSettingsPanel::on_qualitySlider_valueChanged(int value)
+{
+    setRaytracerQuality(value);
+    announceEdit();
+}
+
+void ZelRendererSettingsPanel::on_deferredButton_toggled(bool checked)
+{
+    forceGPUMode(checked);
+    announceEdit();
+}
+
+void ZelRendererSettingsPanel::on_raytracerButton_toggled(bool checked)
+{
+    forceGPUMode(!checked);
+    announceEdit();
+}
+
+void ZelRendererSettingsPanel::readSettings(EngineModel& model) const
+{
+    const QSettings& stored = settings();
+    // An absent number would read as 0, which the widgets show clamped: a pending edit
+    // nobody made. The form's own value stands in instead.
+    const auto number = [&stored](QLatin1String key, auto formValue) {
+        const QVariant value = stored.value(key);
+        return value.isValid() ? value.value<decltype(formValue)>() : formValue;
+    };
+    model.useSoftware = stored.value(SettingsKeys::Engine).toString() == QLatin1String("software");
+    model.useSSAO = stored.value(SettingsKeys::UseSSAO).toBool();
+    model.useFXAA = stored.value(SettingsKeys::UseFXAA).toBool();
+    model.useED = stored.value(SettingsKeys::UseED).toBool();
+    model.coreNumber = number(SettingsKeys::RaytracerCoreNumber, m_formModel.coreNumber);
+    model.quality = kqDMRenderer::GetRaytracerQuality(stored.value(SettingsKeys::RaytracerQuality).toString());
+    model.maxCPUMemory3D = number(SettingsKeys::MaxCPUMemory3D, m_formModel.maxCPUMemory3D);
+    model.maxCPUMemoryRaytracer = number(SettingsKeys::MaxCPUMemoryRaytracer, m_formModel.maxCPUMemoryRaytracer);
+    model.maxGPUMemory = number(SettingsKeys::MaxGPUMemory, m_formModel.maxGPUMemory);
+    model.trianglesCap = number(SettingsKeys::LODTrianglesCap, m_formModel.trianglesCap);
+    model.sceneUnitIndex = GetSceneUnitComboIndex(stored.value(SettingsKeys::SceneUnits).toFloat());
+}
+
+void ZelRendererSettingsPanel::getDefaultSettings(EngineModel& model) const
+{
+    getCurrentModel(model);
+    if (const auto engine = PanelDefaults::text(SettingsKeys::Engine))
+        model.useSoftware = *engine == QLatin1String("software");
+    PanelDefaults::assign(model.useSSAO, SettingsKeys::UseSSAO);
+    PanelDefaults::assign(model.useFXAA, SettingsKeys::UseFXAA);
+    PanelDefaults::assign(model.useED, SettingsKeys::UseED);
+    PanelDefaults::assign(model.coreNumber, SettingsKeys::RaytracerCoreNumber);
+    if (const auto quality = PanelDefaults::text(SettingsKeys::RaytracerQuality))
+        model.quality = kqDMRenderer::GetRaytracerQuality(*quality);
+    PanelDefaults::assign(model.maxCPUMemory3D, SettingsKeys::MaxCPUMemory3D);
+    PanelDefaults::assign(model.maxCPUMemoryRaytracer, SettingsKeys::MaxCPUMemoryRaytracer);
+    PanelDefaults::assign(model.maxGPUMemory, SettingsKeys::MaxGPUMemory);
+    PanelDefaults::assign(model.trianglesCap, SettingsKeys::LODTrianglesCap);
+    if (const auto factor = PanelDefaults::text(SettingsKeys::SceneUnits))
+        model.sceneUnitIndex = GetSceneUnitComboIndex(factor->toFloat());
+}
+
+void ZelRendererSettingsPanel::getCurrentModel(EngineModel& model) const
+{
+    model.maxCPUMemory3D = bytes(m_ui->maxCPU3DSpinBox->value());
+    model.maxCPUMemoryRaytracer = bytes(m_ui->maxCPURaySpinBox->value());
+    model.maxGPUMemory = bytes(m_ui->maxGPUSPinBox->value());
+    model.trianglesCap = quint64(m_ui->maxTrianglesSpinBox->value());
+    model.coreNumber = m_ui->coreUsedSlider->value();
+    model.quality = m_ui->qualitySlider->value();
+    model.sceneUnitIndex = m_ui->sceneUnitComboBox->currentIndex();
+    model.useSoftware = m_ui->raytracerButton->isChecked();
+    model.useSSAO = m_ui->deferredSSAOCheckBox->isChecked();
+    model.useFXAA = m_ui->deferredFXAACheckBox->isChecked();
+    model.useED = m_ui->deferredEDCheckBox->isChecked();
+}
+
+void ZelRendererSettingsPanel::applyModel(const EngineModel& model)
+{
+    const QSignalBlocker blockers[] = {
+        QSignalBlocker(m_ui->raytracerButton),      QSignalBlocker(m_ui->deferredButton),
+        QSignalBlocker(m_ui->deferredSSAOCheckBox), QSignalBlocker(m_ui->deferredFXAACheckBox),
+        QSignalBlocker(m_ui->deferredEDCheckBox),   QSignalBlocker(m_ui->sceneUnitComboBox),
+        QSignalBlocker(m_ui->coreUsedSlider),       QSignalBlocker(m_ui->qualitySlider),
+        QSignalBlocker(m_ui->maxCPU3DSpinBox),      QSignalBlocker(m_ui->maxCPURaySpinBox),
+        QSignalBlocker(m_ui->maxGPUSPinBox),        QSignalBlocker(m_ui->maxTrianglesSpinBox),
+    };
+    m_ui->raytracerButton->setChecked(model.useSoftware);
+    m_ui->deferredButton->setChecked(!model.useSoftware);
+    m_ui->deferredSSAOCheckBox->setChecked(model.useSSAO);
+    m_ui->deferredFXAACheckBox->setChecked(model.useFXAA);
+    m_ui->deferredEDCheckBox->setChecked(model.useED);
+    // The form's connection that usually follows the check box is blocked here.
+    m_ui->SSAOFrame->setEnabled(model.useSSAO);
+    m_ui->sceneUnitComboBox->setCurrentIndex(model.sceneUnitIndex);
+    m_ui->coreUsedSlider->setValue(model.coreNumber);
+    m_ui->qualitySlider->setValue(model.quality);
+    // Truncated to whole mebibytes, then clamped by the spin boxes.
+    m_ui->maxCPU3DSpinBox->setValue(mebibytes(model.maxCPUMemory3D));
+    m_ui->maxCPURaySpinBox->setValue(mebibytes(model.maxCPUMemoryRaytracer));
+    m_ui->maxGPUSPinBox->setValue(mebibytes(model.maxGPUMemory));
+    m_ui->maxTrianglesSpinBox->setValue(int(qMin<quint64>(model.trianglesCap, quint64(INT_MAX))));
+    setRaytracerQuality(model.quality);
+    setNbCoresTxt(model.coreNumber);
+    forceGPUMode(!model.useSoftware);
+}
+
+void ZelRendererSettingsPanel::pushToApplication()
+{
+    setTriangleCap(quint64(m_ui->maxTrianglesSpinBox->value()));
+}
+
+bool ZelRendererSettingsPanel::shouldRestart() const
+{
+    const bool software = m_ui->raytracerButton->isChecked();
+    const bool storedSoftware = settings().value(SettingsKeys::Engine).toString() == QLatin1String("software");
+    if (software != storedSoftware && software == m_startGPUMode)
+        return true;
+    if (!software)
+        return false;
+    return hasRaytracerRebootChanged();
+}
+
+bool ZelRendererSettingsPanel::hasRaytracerRebootChanged() const
+{
+    if (!m_ui->raytracerButton->isChecked())
+        return false;
+    const int cores = m_ui->coreUsedSlider->value();
+    const int quality = m_ui->qualitySlider->value();
+    const int storedCores = settings().value(SettingsKeys::RaytracerCoreNumber).toInt();
+    const int storedQuality =
+        kqDMRenderer::GetRaytracerQuality(settings().value(SettingsKeys::RaytracerQuality).toString());
+    if (cores != storedCores && cores != m_startCoreNumber)
+        return true;
+    return quality != storedQuality && quality != m_startQuality;
+}
+
+void ZelRendererSettingsPanel::saveSettingsInternal()
+{
+    saveQualitySettings();
+    saveEngineSettings();
+    saveCoreNumberSettings();
+    saveSSAOSettings();
+    saveFXAASettings();
+    saveEdgeDetectSettings();
+    saveSceneUnitSettings();
+    saveResourcesSettings();
+    saveTriangleCapSettings();
+}
+
+void ZelRendererSettingsPanel::forceGPUMode(bool gpu)
+{
+    m_ui->hardwareFrame->setVisible(gpu);
+    m_ui->GPUMemoryFrame->setVisible(gpu);
+    m_ui->GPUMemory->setVisible(gpu);
+    m_ui->softwareFrame->setVisible(!gpu);
+    m_ui->CPUMemoryFrame->setVisible(!gpu);
+
+    zelActionManager* actions = application() ? application()->getActionManager() : nullptr;
+    if (zelAction* renderingMode = actions ? actions->getActionByName(QStringLiteral("renderingMode")) : nullptr)
+        renderingMode->setEnabled(m_startGPUMode);
+}
+
+void ZelRendererSettingsPanel::setGPUMode(bool gpu)
+{
+    forceGPUMode(gpu);
+}
+
+void ZelRendererSettingsPanel::setNbCoresTxt(int cores)
+{
+    const QString text = cores < 2 ? tr("%1 core") : tr("%1 cores");
+    m_ui->coreUsedLabel->setText(text.arg(cores));
+}
+
+void ZelRendererSettingsPanel::setRaytracerQuality(int quality)
+{
+    if (quality >= 0 && quality < int(m_qualityNames.size()))
+        m_ui->qualityLabel->setText(m_qualityNames[std::size_t(quality)]);
+}
+
+void ZelRendererSettingsPanel::setTriangleCap(quint64 triangles)
+{
+    if (!application())
+        return;
+    if (kqDMRenderer* renderer = application()->getDMRenderer())
+        renderer->setTargetTriangles(triangles);
+}
+
+void ZelRendererSettingsPanel::announceEdit()
+{
+    checkContent();
+    Q_EMIT stateChanged();
+}
+
+void ZelRendererSettingsPanel::saveQualitySettings()
+{
+    settings().setValue(SettingsKeys::RaytracerQuality,
+                        kqDMRenderer::scQualityEnum[std::size_t(m_ui->qualitySlider->value())]);
+}
+
+void ZelRendererSettingsPanel::saveEngineSettings()
+{
+    settings().setValue(SettingsKeys::Engine, m_ui->raytracerButton->isChecked() ? QStringLiteral("software")
+                                                                                  : QStringLiteral("deferred"));
+}
+
+void ZelRendererSettingsPanel::saveCoreNumberSettings()
+{
+    settings().setValue(SettingsKeys::RaytracerCoreNumber, m_ui->coreUsedSlider->value());
+}
+
+void ZelRendererSettingsPanel::saveSSAOSettings()
+{
+    settings().setValue(SettingsKeys::UseSSAO, m_ui->deferredSSAOCheckBox->isChecked());
+}
+
+void ZelRendererSettingsPanel::saveFXAASettings()
+{
+    settings().setValue(SettingsKeys::UseFXAA, m_ui->deferredFXAACheckBox->isChecked());
+}
+
+void ZelRendererSettingsPanel::saveEdgeDetectSettings()
+{
+    settings().setValue(SettingsKeys::UseED, m_ui->deferredEDCheckBox->isChecked());
+}
+
+void ZelRendererSettingsPanel::saveSceneUnitSettings()
+{
+    const int index = m_ui->sceneUnitComboBox->currentIndex();
+    const float factor = index >= 0 && index < int(std::size(SceneUnitFactors)) ? SceneUnitFactors[index] : 1.0f;
+    settings().setValue(SettingsKeys::SceneUnits, QString::number(factor, 'g', 6));
+}
+
+void ZelRendererSettingsPanel::saveResourcesSettings()
+{
+    settings().setValue(SettingsKeys::MaxCPUMemory3D, bytes(m_ui->maxCPU3DSpinBox->value()));
+    settings().setValue(SettingsKeys::MaxCPUMemoryRaytracer, bytes(m_ui->maxCPURaySpinBox->value()));
+    settings().setValue(SettingsKeys::MaxGPUMemory, bytes(m_ui->maxGPUSPinBox->value()));
+}
+
+void ZelRendererSettingsPanel::saveTriangleCapSettings()
+{
+    settings().setValue(SettingsKeys::LODTrianglesCap, quint64(m_ui->maxTrianglesSpinBox->value()));
+}
+
+} // namespace zel
