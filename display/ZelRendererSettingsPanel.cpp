@@ -8,6 +8,7 @@
 #include "zelAction.h"
 #include "zelActionManager.h"
 
+#include <QCoreApplication>
 #include <QSettings>
 #include <QThread>
 
@@ -56,7 +57,11 @@ ZelRendererSettingsPanel::ZelRendererSettingsPanel(kqDMIApplication* application
                                                    QWidget* parent, Qt::WindowFlags flags)
     : ZelModelSettingsPanel(application, settings, parent, flags)
     , m_ui(std::make_unique<Ui::ZelRendererSettingsPanel>())
-    , m_qualityNames {tr("Low"), tr("Medium"), tr("High"), tr("Ultra")}
+    // The page speaks under its form's context, code and form alike.
+    , m_qualityNames {QCoreApplication::translate("ZelRendererSettingsPanel", "Low"),
+                      QCoreApplication::translate("ZelRendererSettingsPanel", "Medium"),
+                      QCoreApplication::translate("ZelRendererSettingsPanel", "High"),
+                      QCoreApplication::translate("ZelRendererSettingsPanel", "Ultra")}
 {
     m_ui->setupUi(this);
     setResetButton(m_ui->resetButton);
@@ -67,7 +72,7 @@ ZelRendererSettingsPanel::ZelRendererSettingsPanel(kqDMIApplication* application
     m_startCoreNumber = stored.value(SettingsKeys::RaytracerCoreNumber).toInt();
     m_startGPUMode = stored.value(SettingsKeys::Engine).toString() != QLatin1String("software");
 
-    setPanelName(tr("Display"));
+    setPanelName(QCoreApplication::translate("ZelRendererSettingsPanel", "Display"));
     setPanelCategory(ApplicationCategory);
 
     const int processors = QThread::idealThreadCount();
@@ -307,7 +312,8 @@ void ZelRendererSettingsPanel::setGPUMode(bool gpu)
 
 void ZelRendererSettingsPanel::setNbCoresTxt(int cores)
 {
-    const QString text = cores < 2 ? tr("%1 core") : tr("%1 cores");
+    const QString text = cores < 2 ? QCoreApplication::translate("ZelRendererSettingsPanel", "%1 core")
+                                   : QCoreApplication::translate("ZelRendererSettingsPanel", "%1 cores");
     m_ui->coreUsedLabel->setText(text.arg(cores));
 }
 

@@ -168,6 +168,141 @@ You may manually choose the parameters that will best fit your needs.</source>
     </message>
 </context>
 <context>
+    <name>ZelRendererSettingsPanel</name>
+    <message>
+        <source>Display</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Resets the display parameters to their default values</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Adapt the quality and performances of your display to your needs and your material.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>High Mode (Discrete Graphic Card)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Low Mode (Run everywhere)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Antialiasing </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>use SSAO</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SSAO Units</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Kilometer (km)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hectometer (hm)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Decameter (dam)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Meter (m)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Decimeter (dm)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Centimeter (cm)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Millimeter (mm)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>use Edge Detect</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quality</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Low</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Processing power</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SD resolution</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>HD resolution</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SD Antialiasing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>HD Antialiasing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Max CPU memory</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> Mo</source>
+        <translation> MB</translation>
+    </message>
+    <message>
+        <source>Max CPU Memory</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Max GPU Memory</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Max triangles nb</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>High</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ultra</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 core</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 cores</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ZelSimplificationSettingsPanel</name>
     <message>
         <source>Compression / Simplification</source>

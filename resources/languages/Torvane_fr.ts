@@ -170,6 +170,141 @@ Vous pouvez choisir vous-même les paramètres les mieux adaptés à vos besoins
     </message>
 </context>
 <context>
+    <name>ZelRendererSettingsPanel</name>
+    <message>
+        <source>Display</source>
+        <translation>Affichage</translation>
+    </message>
+    <message>
+        <source>Resets the display parameters to their default values</source>
+        <translation>Rétablit les valeurs par défaut des paramètres d’affichage</translation>
+    </message>
+    <message>
+        <source>Adapt the quality and performances of your display to your needs and your material.</source>
+        <translation>Adaptez la qualité et les performances de l’affichage à vos besoins et à votre matériel.</translation>
+    </message>
+    <message>
+        <source>High Mode (Discrete Graphic Card)</source>
+        <translation>Mode élevé (carte graphique dédiée)</translation>
+    </message>
+    <message>
+        <source>Low Mode (Run everywhere)</source>
+        <translation>Mode léger (fonctionne partout)</translation>
+    </message>
+    <message>
+        <source>Antialiasing </source>
+        <translation>Anticrénelage </translation>
+    </message>
+    <message>
+        <source>use SSAO</source>
+        <translation>utiliser le SSAO</translation>
+    </message>
+    <message>
+        <source>SSAO Units</source>
+        <translation>Unités du SSAO</translation>
+    </message>
+    <message>
+        <source>Kilometer (km)</source>
+        <translation>Kilomètre (km)</translation>
+    </message>
+    <message>
+        <source>Hectometer (hm)</source>
+        <translation>Hectomètre (hm)</translation>
+    </message>
+    <message>
+        <source>Decameter (dam)</source>
+        <translation>Décamètre (dam)</translation>
+    </message>
+    <message>
+        <source>Meter (m)</source>
+        <translation>Mètre (m)</translation>
+    </message>
+    <message>
+        <source>Decimeter (dm)</source>
+        <translation>Décimètre (dm)</translation>
+    </message>
+    <message>
+        <source>Centimeter (cm)</source>
+        <translation>Centimètre (cm)</translation>
+    </message>
+    <message>
+        <source>Millimeter (mm)</source>
+        <translation>Millimètre (mm)</translation>
+    </message>
+    <message>
+        <source>use Edge Detect</source>
+        <translation>utiliser la détection des arêtes</translation>
+    </message>
+    <message>
+        <source>Quality</source>
+        <translation>Qualité</translation>
+    </message>
+    <message>
+        <source>Low</source>
+        <translation>Basse</translation>
+    </message>
+    <message>
+        <source>Processing power</source>
+        <translation>Puissance de calcul</translation>
+    </message>
+    <message>
+        <source>SD resolution</source>
+        <translation>Résolution SD</translation>
+    </message>
+    <message>
+        <source>HD resolution</source>
+        <translation>Résolution HD</translation>
+    </message>
+    <message>
+        <source>SD Antialiasing</source>
+        <translation>Anticrénelage SD</translation>
+    </message>
+    <message>
+        <source>HD Antialiasing</source>
+        <translation>Anticrénelage HD</translation>
+    </message>
+    <message>
+        <source>Max CPU memory</source>
+        <translation>Mémoire CPU max.</translation>
+    </message>
+    <message>
+        <source> Mo</source>
+        <translation> Mo</translation>
+    </message>
+    <message>
+        <source>Max CPU Memory</source>
+        <translation>Mémoire CPU max.</translation>
+    </message>
+    <message>
+        <source>Max GPU Memory</source>
+        <translation>Mémoire GPU max.</translation>
+    </message>
+    <message>
+        <source>Max triangles nb</source>
+        <translation>Nombre max. de triangles</translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation>Moyenne</translation>
+    </message>
+    <message>
+        <source>High</source>
+        <translation>Haute</translation>
+    </message>
+    <message>
+        <source>Ultra</source>
+        <translation>Ultra</translation>
+    </message>
+    <message>
+        <source>%1 core</source>
+        <translation>%1 cœur</translation>
+    </message>
+    <message>
+        <source>%1 cores</source>
+        <translation>%1 cœurs</translation>
+    </message>
+</context>
+<context>
     <name>ZelSimplificationSettingsPanel</name>
     <message>
         <source>Compression / Simplification</source>

@@ -3,6 +3,7 @@
 #include "ZelAboutSettingsPanel.h"
 #include "ZelGeneralSettingsPanel.h"
 #include "ZelImportSettingsPanel.h"
+#include "ZelRendererSettingsPanel.h"
 #include "ZelSimplificationSettingsPanel.h"
 
 #include <QLabel>
@@ -24,6 +25,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("label");
         QTest::addColumn<QString>("text");
+        QTest::newRow("Display") << "Display" << "Affichage" << "coreUsedLabel" << "1 cœur";
         QTest::newRow("Folders") << "General" << "Dossiers" << "label_12" << "Dossier du cache :";
         QTest::newRow("Simplification") << "Simplification" << "Simplification" << "levelCaption5"
                                         << "Compression maximale";
@@ -45,7 +47,9 @@ private Q_SLOTS:
         QCoreApplication::installTranslator(&french);
         PageWorld world;
         std::unique_ptr<zel::ZelSettingsPanel> built;
-        if (page == "General")
+        if (page == "Display")
+            built = std::make_unique<zel::ZelRendererSettingsPanel>(&world.app, world.settings);
+        else if (page == "General")
             built = std::make_unique<zel::ZelGeneralSettingsPanel>(&world.app, world.settings);
         else if (page == "Simplification")
             built = std::make_unique<zel::ZelSimplificationSettingsPanel>(&world.app, world.settings);
@@ -53,6 +57,7 @@ private Q_SLOTS:
             built = std::make_unique<zel::ZelImportSettingsPanel>(&world.app, world.settings);
         else
             built = std::make_unique<zel::ZelAboutSettingsPanel>(&world.app, world.settings);
+        built->initializeWidget();
         QCoreApplication::removeTranslator(&french);
         QCOMPARE(built->getPanelName(), name);
         QCOMPARE(built->findChild<QLabel*>(label)->text(), text);
