@@ -128,17 +128,38 @@ private:
         for (const QSettings::Format format : {ZelSettings::SettingsFormat(), QSettings::IniFormat}) {
             const QSettings::SettingsMap back = read(freshFile(bytes), format);
             const QString reader = format == QSettings::IniFormat ? QStringLiteral("Qt") : QStringLiteral("our reader");
-            if (back.keys() != values.keys())
-                return fail(reader + " reads other keys from a file written anew");
+            if (back.keys() != values.keys()) {
+                return fail(reader + " reads other keys from a file written anew: "
+                            + shown(QStringList(back.keys()).join(QLatin1Char('|'))) + " instead of "
+                            + shown(QStringList(values.keys()).join(QLatin1Char('|'))));
+            }
             for (auto it = values.cbegin(); it != values.cend(); ++it) {
                 const QVariant& value = back[it.key()];
                 const bool same = value.typeId() == it.value().typeId() ? value == it.value()
                                                                          : value.toStringList() == it.value().toStringList();
-                if (!same)
-                    return fail(reader + " reads another value of " + it.key() + " from a file written anew");
+                if (!same) {
+                    return fail(reader + " reads " + shown(value) + " instead of " + shown(it.value()) + " for "
+                                + shown(it.key()) + " from a file written anew");
+                }
             }
         }
         return true;
+    }
+
+    // Control characters and non-ASCII as escapes, so that a message shows them.
+    static QString shown(const QVariant& value)
+    {
+        QString text = value.typeId() == QMetaType::QStringList
+            ? QLatin1Char('[') + value.toStringList().join(QLatin1String("][")) + QLatin1Char(']')
+            : value.toString();
+        QString escaped;
+        for (const QChar c : text) {
+            if (c.unicode() < 0x20 || c.unicode() > 0x7E)
+                escaped += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
+            else
+                escaped += c;
+        }
+        return QLatin1Char('\'') + escaped + QLatin1Char('\'');
     }
 
     static bool fail(const QString& why)
@@ -236,6 +257,8 @@ int main(int argc, char** argv)
         qputenv(variable, QFile::encodeName(home.path()));
 
     QCoreApplication application(argc, argv);
+    // Paths with a NUL make Qt warn at every input.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     QStringList arguments = application.arguments().mid(1);
     int seconds = 60;
     quint32 seed = 1;

@@ -179,11 +179,13 @@ bool IniDocument::write(const QSettings::SettingsMap& values, QByteArray& out, Q
         // keys before the first section or to [General].
         QString group = key;
         qsizetype section = -1;
-        while (section < 0) {
-            const qsizetype slash = group.lastIndexOf(QLatin1Char('/'));
-            if (slash < 0 && group.isEmpty())
-                break;
-            group.truncate(slash < 0 ? 0 : slash);
+        for (qsizetype slash = group.lastIndexOf(QLatin1Char('/')); section < 0 && slash > 0;
+             slash = group.lastIndexOf(QLatin1Char('/'))) {
+            group.truncate(slash);
+            section = sectionOf.value(group, -1);
+        }
+        if (!key.contains(QLatin1Char('/'))) {
+            group.clear();
             section = sectionOf.value(group, -1);
         }
         QByteArray line;

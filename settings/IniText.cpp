@@ -1,5 +1,6 @@
 #include "IniText.h"
 
+#include <QStringDecoder>
 #include <QStringList>
 #include <QStringView>
 
@@ -8,6 +9,16 @@
 namespace zel::IniText {
 
 namespace {
+
+constexpr char16_t ByteOrderMark = 0xFEFF;
+
+// QString::fromUtf8 drops a byte-order mark that starts its input; one inside a value
+// or key is part of it.
+QString utf8Text(QByteArrayView bytes)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    return decoder(bytes);
+}
 
 bool isBlank(char c)
 {
@@ -98,7 +109,7 @@ private:
     void flushBytes()
     {
         if (!m_bytes.isEmpty())
-            m_text.append(QString::fromUtf8(m_bytes));
+            m_text.append(utf8Text(m_bytes));
         m_bytes.clear();
     }
 
@@ -185,8 +196,8 @@ void appendEscaped(QStringView text, QByteArray& out)
         } else if (c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
             out.append(text.mid(i, 2).toUtf8());
             ++i;
-        } else if (c.isSurrogate()) {
-            // UTF-8 has no form for half a pair.
+        } else if (c.isSurrogate() || code == ByteOrderMark) {
+            // UTF-8 has no form for half a pair; a reader may drop a byte-order mark.
             appendHex(code, out);
             afterHex = true;
         } else {
@@ -285,7 +296,7 @@ QString readKey(QByteArrayView raw)
     QString key;
     QByteArray bytes;
     const auto flush = [&] {
-        key.append(QString::fromUtf8(bytes));
+        key.append(utf8Text(bytes));
         bytes.clear();
     };
     for (qsizetype i = 0; i < raw.size(); ++i) {
@@ -354,7 +365,7 @@ void writeKey(QStringView key, QByteArray& out)
             out.append('\\');
         } else if (plain) {
             out.append(char(code));
-        } else if (code >= 0x80 && !c.isSurrogate()) {
+        } else if (code >= 0x80 && !c.isSurrogate() && code != ByteOrderMark) {
             out.append(key.mid(i, 1).toUtf8());
         } else if (c.isHighSurrogate() && i + 1 < key.size() && key[i + 1].isLowSurrogate()) {
             out.append(key.mid(i, 2).toUtf8());
