@@ -82,19 +82,17 @@ void SettingsFormatTest::init()
 void SettingsFormatTest::handEditedFileKeepsEveryByte()
 {
     // Saved by a Windows editor and typed by hand: everything but the changed lines stays.
-    const QByteArray before = "\xEF\xBB\xBF; Torvane settings\r\n"
-                              "engine = software ; chosen at first start\r\n"
-                              "recent=a.step, \"b, c.step\"\r\n"
-                              "\r\n"
-                              "[Caf\xC3\xA9]\r\n"
+    const QByteArray common = "[Caf\xC3\xA9]\r\n"
                               "Men\xC3\xBC=\xE2\x82\xAC 5\r\n"
                               "shape=@Variant(\\0\\0\\0V\\0\\x3f\\xff\\xff\\xff)\r\n"
                               "# old cache\r\n"
                               "[DBCache]\r\n"
                               "cacheDirectory=C:\\data\\cache\r\n"
-                              "cacheSize=10\r\n"
-                              "cacheSize=20\r\n"
-                              "obsolete=1\r\n";
+                              "cacheSize=10\r\n";
+    const QByteArray before = "\xEF\xBB\xBF; Torvane settings\r\n"
+                              "engine = software ; chosen at first start\r\n"
+                              "recent=a.step, \"b, c.step\"\r\n\r\n"
+        + common + "cacheSize=20\r\nobsolete=1\r\n";
     const QString path = fileWith(before);
     {
         QSettings settings(path, CC::SettingsFormat());
@@ -110,16 +108,8 @@ void SettingsFormatTest::handEditedFileKeepsEveryByte()
     }
     const QByteArray after = "\xEF\xBB\xBF; Torvane settings\r\n"
                              "engine = deferred ; chosen at first start\r\n"
-                             "recent=a.step, \"b, c.step\"\r\n"
-                             "\r\n"
-                             "[Caf\xC3\xA9]\r\n"
-                             "Men\xC3\xBC=\xE2\x82\xAC 5\r\n"
-                             "shape=@Variant(\\0\\0\\0V\\0\\x3f\\xff\\xff\\xff)\r\n"
-                             "# old cache\r\n"
-                             "[DBCache]\r\n"
-                             "cacheDirectory=C:\\data\\cache\r\n"
-                             "cacheSize=10\r\n"
-                             "cacheSize=30\r\n";
+                             "recent=a.step, \"b, c.step\"\r\n\r\n"
+        + common + "cacheSize=30\r\n";
     QCOMPARE(fileBytes(path), after);
 }
 
