@@ -3,9 +3,8 @@
 #include "ZelSettingsExport.h"
 #include "ZelSettingsTypes.h"
 
+#include <QSettings>
 #include <QString>
-
-class QSettings;
 
 namespace zel {
 
@@ -38,10 +37,19 @@ public:
     static void InitDefaultSettingsValues(const QString& applicationName);
     // Registers the keys that the settings pages edit, with the defaults the pages show.
     static void InitPageSettingsValues();
-    // Every "\" becomes "/", then one trailing "/" is dropped.
+    // Every "\" becomes "/", then every trailing "/" is dropped; a root stays "/".
     static void CleanupFolder(QString& path);
 
     // ---- Where the settings live ---------------------------------------------------
+
+    // The format every program of ours opens Settings.ini with:
+    //     QSettings settings(path, ZelSettings::SettingsFormat());
+    // Values come back as text (a list when an unquoted comma separates them); "@"
+    // forms such as "@Variant(...)" stay text and are never decoded. A write changes
+    // only the lines of changed keys and keeps comments, order, blank lines, the
+    // byte-order mark and the line ends; Qt's own INI reader reads the result the same.
+    // Registered on first call; safe from any thread.
+    static QSettings::Format SettingsFormat();
 
     // The name the stand-alone editor runs under: "TorvaneBoundlessX64".
     static QString GetApplicationName();

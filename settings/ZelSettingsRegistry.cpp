@@ -104,7 +104,12 @@ QString ZelSettings::GetSettingText(const QSettings& settings, const QString& ke
 void ZelSettings::CleanupFolder(QString& path)
 {
     path.replace(QLatin1Char('\\'), QLatin1Char('/'));
-    if (path.endsWith(QLatin1Char('/')))
+    // All trailing slashes at once, so that a second pass finds nothing to change; a
+    // root ("/", "C:/") stays a root rather than becoming the current folder.
+    const auto isRoot = [](const QString& folder) {
+        return folder == QLatin1String("/") || (folder.size() == 3 && folder.endsWith(QLatin1String(":/")));
+    };
+    while (path.endsWith(QLatin1Char('/')) && !isRoot(path))
         path.chop(1);
 }
 

@@ -33,13 +33,27 @@ T clamped(T value, T minimum, T maximum)
     return std::min(std::max(value, minimum), maximum);
 }
 
+// Qt's conversions stop at a NUL and report success: "1\0x" would pass as 1.
+bool numeric(QStringView text)
+{
+    return !text.contains(QChar::Null);
+}
+
+template<typename T>
+bool parseInteger(const QString& text, T& number, T (QString::*convert)(bool*, int) const)
+{
+    bool ok = false;
+    number = (text.*convert)(&ok, 10);
+    return ok && numeric(text);
+}
+
 // Qt clears the ok flag for a number beyond float's range (and for one too small to
 // tell from zero), but accepts "inf" and "nan".
 bool parseFloat(QStringView text, float& number)
 {
     bool ok = false;
     number = text.toFloat(&ok);
-    return ok;
+    return ok && numeric(text);
 }
 
 QString floatText(float number)
@@ -49,16 +63,16 @@ QString floatText(float number)
 
 bool clampInteger(const QString& defaultValue, QString& value, int minimum, int maximum)
 {
-    bool ok = false;
-    const int number = value.toInt(&ok);
+    int number = 0;
+    const bool ok = parseInteger(value, number, &QString::toInt);
     value = ok ? QString::number(clamped(number, minimum, maximum)) : defaultValue;
     return true;
 }
 
 bool clampUnsigned(const QString& defaultValue, QString& value, qulonglong minimum, qulonglong maximum)
 {
-    bool ok = false;
-    const qulonglong number = value.toULongLong(&ok);
+    qulonglong number = 0;
+    const bool ok = parseInteger(value, number, &QString::toULongLong);
     value = ok ? QString::number(clamped(number, minimum, maximum)) : defaultValue;
     return true;
 }
@@ -74,8 +88,8 @@ bool clampFloat(const QString& defaultValue, QString& value, float minimum, floa
 
 bool acceptUnsigned(const QString& defaultValue, QString& value, qulonglong minimum, qulonglong maximum)
 {
-    bool ok = false;
-    const qulonglong number = value.toULongLong(&ok);
+    qulonglong number = 0;
+    const bool ok = parseInteger(value, number, &QString::toULongLong);
     if (!ok || number < minimum || number > maximum)
         value = defaultValue;
     return true;
@@ -116,11 +130,10 @@ bool existsOrCreated(const QString& folder)
 // normalised default and creates the folder that one needs. False when that fails.
 bool keepOrCreate(const QString& defaultValue, QString& value, QString (*neededFolder)(const QString&))
 {
-    if (!value.isEmpty()) {
-        ZelSettings::CleanupFolder(value);
-        if (QDir(neededFolder(value)).exists())
-            return true;
-    }
+    // Empty only counts once cleaned: QDir("") is the current folder.
+    ZelSettings::CleanupFolder(value);
+    if (!value.isEmpty() && QDir(neededFolder(value)).exists())
+        return true;
     value = defaultValue;
     ZelSettings::CleanupFolder(value);
     return existsOrCreated(neededFolder(value));
@@ -144,16 +157,16 @@ bool ZelSettings::ensureEngine(const QString&, const QString& defaultValue, QStr
 
 bool ZelSettings::ensureLogLevel(const QString&, const QString& defaultValue, QString& value, QString&)
 {
-    bool ok = false;
-    const int level = value.toInt(&ok);
+    int level = 0;
+    const bool ok = parseInteger(value, level, &QString::toInt);
     value = ok ? QString::number(std::max(level, 0)) : defaultValue;
     return true;
 }
 
 bool ZelSettings::ensurePositiveInteger(const QString&, const QString& defaultValue, QString& value, QString&)
 {
-    bool ok = false;
-    const qlonglong number = value.toLongLong(&ok);
+    qlonglong number = 0;
+    const bool ok = parseInteger(value, number, &QString::toLongLong);
     if (!ok || number <= 0)
         value = defaultValue;
     return true;
@@ -162,9 +175,8 @@ bool ZelSettings::ensurePositiveInteger(const QString&, const QString& defaultVa
 bool ZelSettings::ensurePortValue(const QString&, const QString& defaultValue, QString& value, QString&)
 {
     // toUShort() rejects negative numbers and anything above 65535.
-    bool ok = false;
-    value.toUShort(&ok);
-    if (!ok)
+    ushort port = 0;
+    if (!parseInteger(value, port, &QString::toUShort))
         value = defaultValue;
     return true;
 }
@@ -354,11 +366,9 @@ bool ZelSettings::ensureTmpFolder(const QString&, const QString& defaultValue, Q
                     .arg(defaultValue);
         return false;
     }
-    if (!value.isEmpty()) {
-        CleanupFolder(value);
-        if (QDir(value).exists())
-            return true;
-    }
+    CleanupFolder(value);
+    if (!value.isEmpty() && QDir(value).exists())
+        return true;
     value = defaultValue;
     return true;
 }

@@ -1,12 +1,15 @@
 #include "ZelSettingsApplication.h"
 
+#include "ZelSettings.h"
+
 namespace zel {
 
 ZelSettingsApplication::ZelSettingsApplication(const QString& applicationFolder)
-    : m_settings(applicationFolder + QStringLiteral("/Settings.ini"), QSettings::IniFormat)
+    : m_settings(applicationFolder + QStringLiteral("/Settings.ini"), ZelSettings::SettingsFormat())
     , m_applicationFolder(applicationFolder)
 {
-    // No codec to set: Qt 6 reads and writes INI files as UTF-8.
+    // Our INI format: a damaged file cannot hang the editor, and a write keeps what the
+    // user typed. UTF-8 needs no codec in Qt 6.
 }
 
 ZelSettingsApplication::~ZelSettingsApplication() = default;

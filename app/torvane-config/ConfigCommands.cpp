@@ -68,7 +68,7 @@ int ConfigCommands::path()
 
 int ConfigCommands::list(bool json)
 {
-    QSettings settings(m_file, QSettings::IniFormat);
+    QSettings settings(m_file, ZelSettings::SettingsFormat());
     if (!open(settings))
         return ExitFileError;
     const QStringList registered = registeredKeys();
@@ -123,7 +123,7 @@ int ConfigCommands::list(bool json)
 
 int ConfigCommands::get(const QString& key)
 {
-    const QSettings settings(m_file, QSettings::IniFormat);
+    const QSettings settings(m_file, ZelSettings::SettingsFormat());
     if (!open(settings))
         return ExitFileError;
     if (!isRegistered(key) && !settings.contains(key))
@@ -158,7 +158,7 @@ int ConfigCommands::set(const QString& key, const QString& value)
         return ExitRefused;
     }
 
-    QSettings settings(m_file, QSettings::IniFormat);
+    QSettings settings(m_file, ZelSettings::SettingsFormat());
     if (!open(settings))
         return ExitFileError;
     settings.setValue(key, value);
@@ -167,7 +167,7 @@ int ConfigCommands::set(const QString& key, const QString& value)
 
 int ConfigCommands::reset(const QStringList& keys)
 {
-    QSettings settings(m_file, QSettings::IniFormat);
+    QSettings settings(m_file, ZelSettings::SettingsFormat());
     if (!open(settings))
         return ExitFileError;
     const QStringList registered = registeredKeys();
@@ -209,7 +209,7 @@ int ConfigCommands::check(bool fix)
         m_err << QStringLiteral("torvane-config: cannot copy %1 to a temporary folder").arg(m_file) << Qt::endl;
         return ExitFileError;
     }
-    QSettings copy(copyPath, QSettings::IniFormat);
+    QSettings copy(copyPath, ZelSettings::SettingsFormat());
     if (!open(copy))
         return ExitFileError;
 
@@ -246,7 +246,7 @@ int ConfigCommands::check(bool fix)
 
     if (!writeBackup(original))
         return ExitFileError;
-    QSettings settings(m_file, QSettings::IniFormat);
+    QSettings settings(m_file, ZelSettings::SettingsFormat());
     if (!open(settings))
         return ExitFileError;
     for (const auto& [key, value] : repairs)
@@ -286,8 +286,7 @@ int ConfigCommands::unknownKey(const QString& key, const QStringList& known)
 int ConfigCommands::saved(QSettings& settings)
 {
     settings.sync();
-    // The status keeps the first error met, also one of reading: Qt's reader reports a
-    // byte-order mark before a section as a format error, yet writes the file in full.
+    // Our reader reports no format error: a line it cannot read is kept as it is.
     if (settings.status() != QSettings::AccessError)
         return ExitDone;
     m_err << QStringLiteral("torvane-config: cannot write %1").arg(m_file) << Qt::endl;

@@ -342,7 +342,7 @@ void tst_Kernel::settingsApplication()
     ZelSettingsApplication application(folder);
     QCOMPARE(application.getApplicationFolder(), folder);
     QSettings& settings = application.getSettings();
-    QCOMPARE(settings.format(), QSettings::IniFormat);
+    QCOMPARE(settings.format(), zel::ZelSettings::SettingsFormat());
     QCOMPARE(QFileInfo(settings.fileName()).absoluteFilePath(), folder + u"/Settings.ini"_s);
 
     // Nothing stands behind the stand-alone editor: every such query answers "nothing".

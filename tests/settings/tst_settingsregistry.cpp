@@ -104,7 +104,7 @@ void SettingsTest::registryAndPass()
     for (const QString key : {"c", "b", "a/x", "A"})
         QVERIFY(CC::RegisterSetting(key, "default " + key, record));
     QSettings(iniPath(), QSettings::IniFormat).setValue("b", "stored");
-    QSettings settings(iniPath(), QSettings::IniFormat);
+    QSettings settings(iniPath(), CC::SettingsFormat());
     QString error;
     QVERIFY(CC::EnsureSettings(settings, error));
     QCOMPARE(seen, QStringList({"A", "a/x", "b", "c", "first", "second"}));
@@ -161,7 +161,7 @@ void SettingsTest::catalogue()
     expected["enablediag"] = "false";
     expected["DBCache/cacheDirectory"] = cacheFolder;
     expected["Logging/logFile"] = logFile;
-    QSettings settings(iniPath(), QSettings::IniFormat);
+    QSettings settings(iniPath(), CC::SettingsFormat());
     QString error;
     QVERIFY(CC::EnsureSettings(settings, error));
     QCOMPARE(iniValues(iniPath()), expected);
@@ -280,7 +280,7 @@ void SettingsTest::folderValidators()
     CC::RegisterSetting("folder", inBase(defaultValue), validator);
     QSettings(iniPath(), QSettings::IniFormat).setValue("folder", inBase(value));
     const QByteArray before = fileBytes(iniPath());
-    QSettings settings(iniPath(), QSettings::IniFormat);
+    QSettings settings(iniPath(), CC::SettingsFormat());
     QString error;
     QCOMPARE(CC::EnsureSettings(settings, error), !expected.contains("%1"));
     if (expected.contains("%1")) {

@@ -51,7 +51,7 @@ QByteArray afterEditorPass(const QString& path)
     CC::ClearSettingsValues();
     CC::InitDefaultSettingsValues(CC::GetApplicationName());
     CC::InitPageSettingsValues();
-    QSettings settings(path, QSettings::IniFormat);
+    QSettings settings(path, CC::SettingsFormat());
     QString error;
     if (!CC::EnsureSettings(settings, error))
         return error.toUtf8();
@@ -257,9 +257,9 @@ void TorvaneConfigTest::checkAndFix()
     QVERIFY(writeBytes(iniPath(), HandEdited));
     const QByteArray passedOriginal = afterEditorPass(iniPath());
     QCOMPARE(passedFixed, passedOriginal);
-    // Byte-order mark and CRLF fare as they do in the editor's pass.
-    QCOMPARE(fixed.startsWith("\xEF\xBB\xBF"), passedOriginal.startsWith("\xEF\xBB\xBF"));
-    QCOMPARE(fixed.contains("\r\n"), passedOriginal.contains("\r\n"));
+    // The byte-order mark and the CRLF line ends stay.
+    QVERIFY(fixed.startsWith("\xEF\xBB\xBF"));
+    QVERIFY(!fixed.contains("\n[") || fixed.contains("\r\n["));
 }
 
 void TorvaneConfigTest::failingValidator()

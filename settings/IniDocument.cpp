@@ -1,0 +1,261 @@
+#include "IniDocument.h"
+
+#include "IniText.h"
+
+#include <QHash>
+#include <QStringList>
+
+#include <algorithm>
+#include <cstring>
+#include <map>
+#include <utility>
+
+namespace zel {
+
+namespace {
+
+constexpr char ByteOrderMark[] = "\xEF\xBB\xBF";
+
+bool isBlank(char c)
+{
+    return c == ' ' || c == '\t';
+}
+
+QByteArrayView trimmed(QByteArrayView text)
+{
+    while (!text.isEmpty() && isBlank(text.front()))
+        text = text.sliced(1);
+    while (!text.isEmpty() && isBlank(text.back()))
+        text.chop(1);
+    return text;
+}
+
+QString groupOf(QByteArrayView name)
+{
+    // Qt's own names for the root group and for a group called "General".
+    if (name == "General")
+        return QString();
+    if (name == "%General")
+        return QStringLiteral("General");
+    return IniText::readKey(name);
+}
+
+void appendSectionHeader(const QString& group, QByteArray& out)
+{
+    out.append('[');
+    if (group.isEmpty())
+        out.append("General");
+    else if (group == QLatin1String("General"))
+        out.append("%General");
+    else
+        IniText::writeKey(group, out);
+    out.append(']');
+}
+
+} // namespace
+
+IniDocument::IniDocument(QByteArray bytes)
+    : m_bytes(std::move(bytes))
+{
+    if (m_bytes.startsWith(ByteOrderMark))
+        m_bodyBegin = qsizetype(std::strlen(ByteOrderMark));
+    m_sections.push_back(Section());
+    const char* const data = m_bytes.constData();
+    const qsizetype size = m_bytes.size();
+    qsizetype at = m_bodyBegin;
+    while (at < size) {
+        qsizetype end = at;
+        while (end < size && data[end] != '\n' && data[end] != '\r')
+            ++end;
+        qsizetype next = end;
+        if (next < size)
+            next += (data[next] == '\r' && next + 1 < size && data[next + 1] == '\n') ? 2 : 1;
+        if (m_lineEnd.isEmpty() && next > end)
+            m_lineEnd = m_bytes.mid(end, next - end);
+        m_lines.push_back({at, end, next});
+        parseLine(at, end);
+        at = next;
+    }
+}
+
+void IniDocument::parseLine(qsizetype begin, qsizetype end)
+{
+    const qsizetype line = qsizetype(m_lines.size()) - 1;
+    const QByteArrayView text = trimmed(QByteArrayView(m_bytes).sliced(begin, end - begin));
+    if (text.isEmpty() || text.front() == ';' || text.front() == '#')
+        return;
+    if (text.front() == '[') {
+        const qsizetype close = text.indexOf(']');
+        const QByteArrayView name = text.sliced(1, (close < 0 ? text.size() : close) - 1);
+        m_sections.push_back({groupOf(trimmed(name)), line});
+        return;
+    }
+    const qsizetype equals = text.indexOf('=');
+    if (equals < 0)
+        return;
+    const QString key = IniText::readKey(trimmed(text.first(equals)));
+    if (key.isEmpty())
+        return;
+    Section& section = m_sections.back();
+    const qsizetype valueBegin = (text.constData() - m_bytes.constData()) + equals + 1;
+    m_entries.push_back({section.group.isEmpty() ? key : section.group + QLatin1Char('/') + key, line, valueBegin});
+    section.lastLine = line;
+}
+
+QByteArrayView IniDocument::valueOf(const Entry& entry) const
+{
+    return QByteArrayView(m_bytes).sliced(entry.valueBegin, m_lines[std::size_t(entry.line)].end - entry.valueBegin);
+}
+
+QByteArray IniDocument::lineEnd() const
+{
+    if (!m_lineEnd.isEmpty())
+        return m_lineEnd;
+#ifdef Q_OS_WIN
+    return QByteArrayLiteral("\r\n");
+#else
+    return QByteArrayLiteral("\n");
+#endif
+}
+
+QSettings::SettingsMap IniDocument::values() const
+{
+    QSettings::SettingsMap map;
+    for (const Entry& entry : m_entries)
+        map.insert(entry.key, IniText::readValue(valueOf(entry)).value);
+    return map;
+}
+
+bool IniDocument::rewrite(const Entry& entry, const QVariant& value, QByteArray& out) const
+{
+    const QByteArrayView raw = valueOf(entry);
+    qsizetype valueStart = 0;
+    while (valueStart < raw.size() && isBlank(raw[valueStart]))
+        ++valueStart;
+    const qsizetype lineBegin = m_lines[std::size_t(entry.line)].begin;
+    out.append(QByteArrayView(m_bytes).sliced(lineBegin, entry.valueBegin - lineBegin + valueStart));
+    if (!IniText::writeValue(value, out))
+        return false;
+    qsizetype comment = IniText::readValue(raw).commentAt;
+    if (comment < raw.size()) {
+        while (comment > valueStart && isBlank(raw[comment - 1]))
+            --comment;
+        out.append(raw.sliced(comment));
+    }
+    return true;
+}
+
+bool IniDocument::write(const QSettings::SettingsMap& values, QByteArray& out, QString& error) const
+{
+    // The line each key is read from: the last one holding it.
+    QHash<QString, qsizetype> readFrom;
+    readFrom.reserve(qsizetype(m_entries.size()));
+    std::vector<qsizetype> entryOfLine(m_lines.size(), -1);
+    for (qsizetype index = 0; index < qsizetype(m_entries.size()); ++index) {
+        readFrom.insert(m_entries[std::size_t(index)].key, index);
+        entryOfLine[std::size_t(m_entries[std::size_t(index)].line)] = index;
+    }
+    // The last section of each group that can take a key.
+    QHash<QString, qsizetype> sectionOf;
+    for (qsizetype index = 0; index < qsizetype(m_sections.size()); ++index) {
+        if (m_sections[std::size_t(index)].lastLine >= 0)
+            sectionOf.insert(m_sections[std::size_t(index)].group, index);
+    }
+
+    const QByteArray newLine = lineEnd();
+    const auto failed = [&error](const QString& key) {
+        error = QStringLiteral("The value of \"%1\" has no text form for Settings.ini").arg(key);
+        return false;
+    };
+
+    // New keys, by the line they follow or by the new group they open.
+    std::map<qsizetype, QByteArray> insertAfter;
+    std::vector<std::pair<QString, QByteArray>> newGroups;
+    for (auto it = values.cbegin(); it != values.cend(); ++it) {
+        const QString& key = it.key();
+        if (readFrom.contains(key))
+            continue;
+        // The deepest existing group holding the key; a key without a group goes to the
+        // keys before the first section or to [General].
+        QString group = key;
+        qsizetype section = -1;
+        for (qsizetype slash = group.lastIndexOf(QLatin1Char('/')); section < 0 && slash > 0;
+             slash = group.lastIndexOf(QLatin1Char('/'))) {
+            group.truncate(slash);
+            section = sectionOf.value(group, -1);
+        }
+        if (!key.contains(QLatin1Char('/'))) {
+            group.clear();
+            section = sectionOf.value(group, -1);
+        }
+        QByteArray line;
+        if (section < 0) {
+            group = key.section(QLatin1Char('/'), 0, 0);
+            if (group == key)
+                group.clear();
+        }
+        IniText::writeKey(group.isEmpty() ? QStringView(key) : QStringView(key).sliced(group.size() + 1), line);
+        line.append('=');
+        if (!IniText::writeValue(it.value(), line))
+            return failed(key);
+        line.append(newLine);
+        if (section >= 0) {
+            insertAfter[m_sections[std::size_t(section)].lastLine].append(line);
+        } else if (!newGroups.empty() && newGroups.back().first == group) {
+            newGroups.back().second.append(line);
+        } else {
+            auto existing = std::find_if(newGroups.begin(), newGroups.end(),
+                                         [&group](const auto& entry) { return entry.first == group; });
+            if (existing != newGroups.end())
+                existing->second.append(line);
+            else
+                newGroups.emplace_back(group, line);
+        }
+    }
+
+    out.clear();
+    out.reserve(m_bytes.size() + m_bytes.size() / 8 + 64);
+    out.append(QByteArrayView(m_bytes).first(m_bodyBegin));
+    for (qsizetype index = 0; index < qsizetype(m_lines.size()); ++index) {
+        const Line& line = m_lines[std::size_t(index)];
+        const qsizetype entryIndex = entryOfLine[std::size_t(index)];
+        bool dropped = false;
+        bool rewritten = false;
+        if (entryIndex >= 0) {
+            const Entry& entry = m_entries[std::size_t(entryIndex)];
+            const auto value = values.constFind(entry.key);
+            // A removed key loses every line that held it; a shadowed one keeps its line.
+            dropped = value == values.cend();
+            rewritten = !dropped && readFrom.value(entry.key) == entryIndex
+                && !IniText::sameValue(IniText::readValue(valueOf(entry)).value, *value);
+            if (rewritten && !rewrite(entry, *value, out))
+                return failed(entry.key);
+        }
+        if (!dropped) {
+            out.append(QByteArrayView(m_bytes).sliced(rewritten ? line.end : line.begin,
+                                                      line.next - (rewritten ? line.end : line.begin)));
+        }
+        const auto inserted = insertAfter.find(index);
+        if (inserted == insertAfter.end())
+            continue;
+        if (!dropped && line.next == line.end)
+            out.append(newLine);
+        out.append(inserted->second);
+    }
+
+    for (const auto& [group, lines] : newGroups) {
+        if (out.size() > m_bodyBegin) {
+            if (!out.endsWith('\n') && !out.endsWith('\r'))
+                out.append(newLine);
+            const QByteArrayView body = QByteArrayView(out).sliced(m_bodyBegin);
+            if (body != newLine && !body.endsWith(newLine + newLine))
+                out.append(newLine); // a blank line before a section
+        }
+        appendSectionHeader(group, out);
+        out.append(newLine);
+        out.append(lines);
+    }
+    return true;
+}
+
+} // namespace zel

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QByteArray>
+#include <QSettings>
+#include <QString>
+
+#include <vector>
+
+namespace zel {
+
+// A Settings.ini held as the lines it was read from, so that writing it back changes
+// only the lines of keys whose values changed.
+class IniDocument
+{
+public:
+    explicit IniDocument(QByteArray bytes);
+
+    // Every key with its value; of a key written twice, the later line counts.
+    QSettings::SettingsMap values() const;
+
+    // The file holding exactly `values`: changed keys rewritten in place, new keys at
+    // the end of their group, new groups at the end of the file, the lines of keys not
+    // in `values` gone, every other byte as it was. False, with `error` set, when a
+    // value has no text form.
+    bool write(const QSettings::SettingsMap& values, QByteArray& out, QString& error) const;
+
+private:
+    struct Line
+    {
+        qsizetype begin = 0;
+        qsizetype end = 0; // before the line end
+        qsizetype next = 0; // after the line end
+    };
+    struct Entry
+    {
+        QString key; // with its section's group
+        qsizetype line = 0;
+        qsizetype valueBegin = 0; // after the "="
+    };
+    struct Section
+    {
+        QString group; // empty for the keys before any section and for [General]
+        qsizetype lastLine = -1; // of its last key, else of its header; -1: none
+    };
+
+    void parseLine(qsizetype begin, qsizetype end);
+    QByteArrayView valueOf(const Entry& entry) const;
+    QByteArray lineEnd() const;
+    // Appends the line of `entry` with its value replaced, keeping the key as typed and
+    // a comment after the value.
+    bool rewrite(const Entry& entry, const QVariant& value, QByteArray& out) const;
+
+    QByteArray m_bytes;
+    qsizetype m_bodyBegin = 0; // after a byte-order mark
+    QByteArray m_lineEnd; // the first one in the file
+    std::vector<Line> m_lines;
+    std::vector<Entry> m_entries;
+    std::vector<Section> m_sections;
+};
+
+} // namespace zel

@@ -1,0 +1,268 @@
+#include "SettingsFiles.h"
+#include "TestHome.h"
+#include "ZelSettings.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QThread>
+
+#include <csignal>
+
+using CC = zel::ZelSettings;
+
+namespace {
+
+constexpr char WriterVariable[] = "ZEL_SETTINGS_WRITER";
+
+void writeFile(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    QCOMPARE(file.write(bytes), bytes.size());
+}
+
+// The child of the interrupted-write test: writes "big" over and over, alternating
+// between two values, until it is killed.
+int writeForever(const QString& path)
+{
+    for (int round = 0;; ++round) {
+        QSettings settings(path, CC::SettingsFormat());
+        settings.setValue(QStringLiteral("big"), QString(1 << 20, round % 2 ? QLatin1Char('b') : QLatin1Char('a')));
+        settings.sync();
+    }
+}
+
+} // namespace
+
+class SettingsFormatTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void handEditedFileKeepsEveryByte();
+    void newKeysJoinTheirGroup();
+    void sharedWithQtsOwnFormat_data();
+    void sharedWithQtsOwnFormat();
+    void hostileValuesStayText();
+    void secondPassChangesNothing_data();
+    void secondPassChangesNothing();
+    void interruptedWriteLeavesOldOrNew();
+
+private:
+    // A new name for every file: QSettings keeps what it read of a file per name.
+    QString freshPath()
+    {
+        return m_folder.filePath(QStringLiteral("Settings-%1.ini").arg(++m_files));
+    }
+    QString fileWith(const QByteArray& bytes)
+    {
+        const QString path = freshPath();
+        writeFile(path, bytes);
+        return path;
+    }
+
+    TestHome m_home;
+    QTemporaryDir m_folder;
+    int m_files = 0;
+};
+
+void SettingsFormatTest::init()
+{
+    QVERIFY(m_home.isValid() && m_folder.isValid());
+    CC::ClearSettingsValues();
+}
+
+void SettingsFormatTest::handEditedFileKeepsEveryByte()
+{
+    // Saved by a Windows editor and typed by hand: everything but the changed lines stays.
+    const QByteArray common = "[Caf\xC3\xA9]\r\n"
+                              "Men\xC3\xBC=\xE2\x82\xAC 5\r\n"
+                              "shape=@Variant(\\0\\0\\0V\\0\\x3f\\xff\\xff\\xff)\r\n"
+                              "# old cache\r\n"
+                              "[DBCache]\r\n"
+                              "cacheDirectory=C:\\data\\cache\r\n"
+                              "cacheSize=10\r\n";
+    const QByteArray before = "\xEF\xBB\xBF; Torvane settings\r\n"
+                              "engine = software ; chosen at first start\r\n"
+                              "recent=a.step, \"b, c.step\"\r\n\r\n"
+        + common + "cacheSize=20\r\nobsolete=1\r\n";
+    const QString path = fileWith(before);
+    {
+        QSettings settings(path, CC::SettingsFormat());
+        QCOMPARE(settings.value("engine"), "software");
+        QCOMPARE(settings.value("recent"), QStringList({"a.step", "b, c.step"}));
+        QCOMPARE(settings.value("Caf\u00e9/Men\u00fc"), "\u20ac 5");
+        QCOMPARE(settings.value("DBCache/cacheDirectory"), "C:\\data\\cache");
+        QCOMPARE(settings.value("DBCache/cacheSize"), "20"); // the later line counts
+        settings.setValue("engine", "deferred");
+        settings.setValue("DBCache/cacheSize", "30");
+        settings.remove("DBCache/obsolete");
+        settings.setValue("recent", settings.value("recent")); // unchanged: the line stays
+    }
+    const QByteArray after = "\xEF\xBB\xBF; Torvane settings\r\n"
+                             "engine = deferred ; chosen at first start\r\n"
+                             "recent=a.step, \"b, c.step\"\r\n\r\n"
+        + common + "cacheSize=30\r\n";
+    QCOMPARE(fileBytes(path), after);
+}
+
+void SettingsFormatTest::newKeysJoinTheirGroup()
+{
+    const QString path = fileWith("top=1\n\n[Display]\nengine=software\n; effects below\n\n[Display/effects]\nfxaa=true");
+    {
+        QSettings settings(path, CC::SettingsFormat());
+        settings.setValue("first", "2");
+        settings.setValue("Display/quality", "high");
+        settings.setValue("Display/effects/ssao", "false");
+        settings.setValue("Logging/logFile", "/tmp/log.txt");
+        settings.setValue("Logging/level", "3");
+        settings.setValue("General/x", "y"); // a group named General, not the root
+    }
+    QCOMPARE(fileBytes(path), "top=1\nfirst=2\n\n[Display]\nengine=software\nquality=high\n; effects below\n\n"
+                              "[Display/effects]\nfxaa=true\nssao=false\n\n[%General]\nx=y\n\n"
+                              "[Logging]\nlevel=3\nlogFile=/tmp/log.txt\n");
+}
+
+void SettingsFormatTest::sharedWithQtsOwnFormat_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QVariant>("value");
+    QTest::newRow("text") << "a" << QVariant("hello world");
+    QTest::newRow("blanks around") << "a" << QVariant(" padded\t");
+    QTest::newRow("syntax") << "a" << QVariant("x=1; y, \"z\" #w [s]");
+    QTest::newRow("backslashes") << "a" << QVariant("C:\\data\\new\\x41");
+    QTest::newRow("control characters") << "a" << QVariant(QString("a\tb\nc") + QChar(0) + "1" + QChar(1) + "f");
+    QTest::newRow("non-ASCII") << "a" << QVariant("caf\u00e9 \u20ac \U0001F600");
+    QTest::newRow("byte-order mark") << "a" << QVariant("\ufeffx");
+    QTest::newRow("at sign") << "a" << QVariant("@Variant(x)");
+    QTest::newRow("list") << "a" << QVariant(QStringList({"a", " b", "c, d", "", "@e"}));
+    QTest::newRow("key with syntax") << "g h/k;#=[]\"%,\\x" << QVariant("v");
+    QTest::newRow("non-ASCII key") << "Caf\u00e9/Men\u00fc" << QVariant("v");
+    QTest::newRow("group General") << "General/k" << QVariant("v");
+}
+
+void SettingsFormatTest::sharedWithQtsOwnFormat()
+{
+    QFETCH(QString, key);
+    QFETCH(QVariant, value);
+    // Each format writes a file the other reads back the same; ours keeps Qt's bytes.
+    const QString byQt = freshPath();
+    QSettings(byQt, QSettings::IniFormat).setValue(key, value);
+    const QString ours = fileWith(fileBytes(byQt));
+    QCOMPARE(QSettings(ours, CC::SettingsFormat()).value(key), value);
+    const QString written = freshPath();
+    QSettings(written, CC::SettingsFormat()).setValue(key, value);
+    QCOMPARE(QSettings(fileWith(fileBytes(written)), QSettings::IniFormat).value(key), value);
+}
+
+void SettingsFormatTest::hostileValuesStayText()
+{
+    // Qt's reader grows to gigabytes on the first; the others are binary forms.
+    const QByteArray hostile = "=@DateTime(\\0\\0\\0\\@Vari0)\n"
+                               "engine=deferred\n"
+                               "[shapes]\n"
+                               "shape=@Variant(\\0\\0\\0V\\0\\x3f\\xff\\xff\\xff)\n"
+                               "crash=@Variant(\\0\\0\\0\\x7f\\0\\0\\0\\x7fQVariant\\xff\\xff\\xff\\xff)\n"
+                               "bytes=@ByteArray(\\xff\\0)\n"
+                               "rect=@Rect(0 0 100000000 100000000)\n"
+                               "when=@DateTime(\\0\\0\\0\\x10\\0)\n";
+    const QString path = fileWith(hostile);
+    {
+        QSettings settings(path, CC::SettingsFormat());
+        QCOMPARE(settings.value("engine"), "deferred");
+        QVERIFY(settings.value("shapes/shape").toString().startsWith("@Variant("));
+        QCOMPARE(settings.value("shapes/rect"), "@Rect(0 0 100000000 100000000)");
+        settings.setValue("engine", "software");
+    }
+    QByteArray expected = hostile;
+    QCOMPARE(fileBytes(path), expected.replace("engine=deferred", "engine=software"));
+}
+
+void SettingsFormatTest::secondPassChangesNothing_data()
+{
+    QTest::addColumn<QByteArray>("contents");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("expected"); // after the first pass
+
+    QTest::newRow("root cache folder") << QByteArray("[DBCache]\ncacheDirectory=/\n") << "DBCache/cacheDirectory"
+                                       << "/";
+    QTest::newRow("root log file") << QByteArray("[Logging]\nlogFile=\\\n") << "Logging/logFile" << "/";
+    const QByteArray temp = QDir::tempPath().toUtf8();
+    QTest::newRow("two trailing slashes") << "[DBCache]\ncacheDirectory=" + temp + "//\n"
+                                          << "DBCache/cacheDirectory" << QDir::tempPath();
+    QTest::newRow("NUL in a list") << QByteArray("timeout=1\\0,\n") << "timeout" << "30";
+    QTest::newRow("section after its group") << "[Logging]\nlogFile=" + temp + "/log.txt\n[Logging/archive]\nkeep=3\n"
+                                             << "Logging/logFile" << QDir::tempPath() + "/log.txt";
+    QTest::newRow("group in a key") << QByteArray("[General]\nViewer\\showGrid=false\n") << "Viewer/showGrid"
+                                    << "false";
+}
+
+void SettingsFormatTest::secondPassChangesNothing()
+{
+    QFETCH(QByteArray, contents);
+    QFETCH(QString, key);
+    QFETCH(QString, expected);
+    CC::InitDefaultSettingsValues(CC::GetApplicationName());
+    CC::RegisterSetting("timeout", "30", CC::ensurePositiveInteger);
+    CC::RegisterSetting("Viewer/showGrid", "true", CC::ensureBool);
+
+    QString error;
+    const QString first = fileWith(contents);
+    {
+        QSettings settings(first, CC::SettingsFormat());
+        QVERIFY(CC::EnsureSettings(settings, error));
+        QCOMPARE(settings.value(key), expected);
+    }
+    // The next start reads the file from disk.
+    const QByteArray once = fileBytes(first);
+    const QString second = fileWith(once);
+    QSettings settings(second, CC::SettingsFormat());
+    QVERIFY(CC::EnsureSettings(settings, error));
+    QCOMPARE(fileBytes(second), once);
+}
+
+void SettingsFormatTest::interruptedWriteLeavesOldOrNew()
+{
+    const QString path = freshPath();
+    const QByteArray head = "; kept\n[General]\nbig=";
+    writeFile(path, head + QByteArray(1 << 20, 'a') + "\n");
+    const QByteArray withA = fileBytes(path);
+    const QByteArray withB = head + QByteArray(1 << 20, 'b') + "\n";
+
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(WriterVariable, path);
+    for (int round = 0; round < 20; ++round) {
+        QProcess writer;
+        writer.setProcessEnvironment(environment);
+        writer.start(QCoreApplication::applicationFilePath(), {});
+        QVERIFY(writer.waitForStarted());
+        QThread::msleep(20 + QRandomGenerator::global()->bounded(80));
+        ::kill(pid_t(writer.processId()), SIGKILL);
+        QVERIFY(writer.waitForFinished());
+        const QByteArray left = fileBytes(path);
+        QVERIFY2(left == withA || left == withB, qPrintable(QString::number(left.size())));
+    }
+    // The killed writer's lock is stale and does not stop the next one.
+    QSettings settings(fileWith(fileBytes(path)), CC::SettingsFormat());
+    settings.setValue("big", "small");
+    settings.sync();
+    QCOMPARE(settings.status(), QSettings::NoError);
+}
+
+int main(int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    if (qEnvironmentVariableIsSet(WriterVariable))
+        return writeForever(qEnvironmentVariable(WriterVariable));
+    SettingsFormatTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_settingsformat.moc"
