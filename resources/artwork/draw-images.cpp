@@ -1,6 +1,7 @@
-// Draws the control center's images, each as name.png and name@2x.png.
+// Draws the control center's and the renderer selector's images, each as name.png and
+// name@2x.png, into the folders controlCenter/, Glow/ and Menu/ of the given folder.
 // From the repository root, after building the draw-images target:
-//     build/resources/artwork/draw-images resources/controlCenter
+//     build/resources/artwork/draw-images resources
 // The PNG files are kept in the repository; run this again only to change them.
 
 #include <QColor>
@@ -361,6 +362,93 @@ void drawLogo(QPainter &p)
     drawMesh(p, torus(18, 7, 0.27f), look);
 }
 
+
+// ---- Renderer selector -----------------------------------------------------------------
+
+// The selector's frame is a rounded card on a transparent window; its glow is one soft
+// shadow, cut into the twenty pieces that the window's frames stretch around the card.
+namespace glow {
+constexpr qreal width = 14;  // shadow band outside the card
+constexpr qreal corner = 12; // the card's corner cells (radius 9 fits inside)
+constexpr qreal middle = 4;  // stretched by the edge frames
+constexpr qreal radius = 9;
+const QColor shade(72, 70, 70);
+constexpr qreal strength = 70; // alpha where the shadow touches the card
+} // namespace glow
+
+// Alpha of the shadow at a point of the uncut canvas, from its distance to the card.
+qreal glowAlpha(QPointF point)
+{
+    using namespace glow;
+    const QRectF card(width, width, 2 * corner + middle, 2 * corner + middle);
+    const QRectF inner = card.adjusted(radius, radius, -radius, -radius);
+    const qreal dx = std::max({inner.left() - point.x(), 0.0, point.x() - inner.right()});
+    const qreal dy = std::max({inner.top() - point.y(), 0.0, point.y() - inner.bottom()});
+    const qreal outside = std::hypot(dx, dy) - radius;
+    if (outside <= 0)
+        return strength;
+    const qreal t = std::clamp(1.0 - outside / width, 0.0, 1.0);
+    return strength * t * t;
+}
+
+// One piece of the canvas, `source` in its logical coordinates.
+Draw glowPiece(QRectF source)
+{
+    return [source](QPainter &p) {
+        const qreal scale = p.transform().m11();
+        const QSize pixels = (source.size() * scale).toSize();
+        QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
+        for (int y = 0; y < pixels.height(); ++y) {
+            for (int x = 0; x < pixels.width(); ++x) {
+                const QPointF point = source.topLeft() + QPointF(x + 0.5, y + 0.5) / scale;
+                QColor colour = glow::shade;
+                colour.setAlpha(qRound(glowAlpha(point)));
+                image.setPixelColor(x, y, colour);
+            }
+        }
+        p.drawImage(QRectF(QPointF(0, 0), source.size()), image);
+    };
+}
+
+// The title's mark: a ring around a dot, in the two engine colours' grey.
+void drawPoint(QPainter &p)
+{
+    p.setPen(QPen(QColor(154, 151, 153), 1.5));
+    p.setBrush(Qt::NoBrush);
+    p.drawEllipse(QPointF(8, 8), 5.25, 5.25);
+    p.setPen(Qt::NoPen);
+    p.setBrush(QColor(129, 184, 168));
+    p.drawEllipse(QPointF(8, 8), 2.5, 2.5);
+}
+
+bool writeSelectorImages(const QDir &glowDir, const QDir &menuDir)
+{
+    using namespace glow;
+    // Column and row bands of the canvas: outer, corner, middle, corner, outer.
+    const qreal starts[] = {0, width, width + corner, width + corner + middle, width + 2 * corner + middle};
+    const qreal sizes[] = {width, corner, middle, corner, width};
+    struct Piece
+    {
+        const char *name;
+        int column;
+        int row;
+    };
+    const Piece pieces[] = {
+        {"OTL", 0, 0}, {"TL", 1, 0}, {"T", 2, 0}, {"TR", 3, 0}, {"ORT", 4, 0},
+        {"LT", 0, 1}, {"L", 0, 2}, {"LB", 0, 3},
+        {"RT", 4, 1}, {"R", 4, 2}, {"RB", 4, 3},
+        {"OBL", 0, 4}, {"BL", 1, 4}, {"B", 2, 4}, {"BR", 3, 4}, {"OBR", 4, 4},
+        {"ITL", 1, 1}, {"IRT", 3, 1}, {"IBL", 1, 3}, {"IBR", 3, 3},
+    };
+    bool ok = true;
+    for (const Piece &piece : pieces) {
+        const QRectF source(starts[piece.column], starts[piece.row], sizes[piece.column], sizes[piece.row]);
+        ok &= writeImage(glowDir, QString::fromLatin1(piece.name), source.size().toSize(), glowPiece(source));
+    }
+    ok &= writeImage(menuDir, u"point"_s, QSize(16, 16), drawPoint);
+    return ok;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -374,11 +462,14 @@ int main(int argc, char *argv[])
         std::fprintf(stderr, "usage: draw-images <output folder>\n");
         return 2;
     }
-    const QDir dir(args.at(1));
-    if (!dir.exists()) {
-        std::fprintf(stderr, "draw-images: no folder %s\n", qPrintable(args.at(1)));
-        return 2;
+    QDir root(args.at(1));
+    for (const QString &folder : {u"controlCenter"_s, u"Glow"_s, u"Menu"_s}) {
+        if (!root.mkpath(folder)) {
+            std::fprintf(stderr, "draw-images: cannot create %s\n", qPrintable(root.filePath(folder)));
+            return 2;
+        }
     }
+    const QDir dir(root.filePath(u"controlCenter"_s));
 
     const QSize resetSize(20, 20), radioSize(16, 16), qualitySize(48, 48), logoSize(64, 64);
     bool ok = true;
@@ -395,5 +486,6 @@ int main(int argc, char *argv[])
     ok &= writeImage(dir, u"Medium-Low-Quality"_s, qualitySize, qualitySphere(2));
     ok &= writeImage(dir, u"Low-Quality"_s, qualitySize, qualitySphere(1));
     ok &= writeImage(dir, u"logo-torvane"_s, logoSize, drawLogo);
+    ok &= writeSelectorImages(QDir(root.filePath(u"Glow"_s)), QDir(root.filePath(u"Menu"_s)));
     return ok ? 0 : 1;
 }

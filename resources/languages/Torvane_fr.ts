@@ -2,6 +2,29 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr_FR">
 <context>
+    <name>ControlCenterStandAlone</name>
+    <message>
+        <source>Torvane - Control Center</source>
+        <translation>Torvane - Centre de contrôle</translation>
+    </message>
+    <message>
+        <source>Control Center</source>
+        <translation>Centre de contrôle</translation>
+    </message>
+    <message>
+        <source>Minimize</source>
+        <translation>Réduire</translation>
+    </message>
+    <message>
+        <source>Maximize</source>
+        <translation>Agrandir</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+</context>
+<context>
     <name>ZelAboutSettingsPanel</name>
     <message>
         <source>About</source>
@@ -86,6 +109,29 @@
         <source>You have pending modifications. Continue and discard your changes ?</source>
         <translation>Des modifications n’ont pas été appliquées. Continuer et les abandonner ?</translation>
     </message>
+    <message>
+        <source>Your current changes will be discarded.
+Continue and close the application ?</source>
+        <translation>Vos modifications en cours seront perdues.
+Continuer et fermer l’application ?</translation>
+    </message>
+</context>
+<context>
+    <name>ZelControlCenterStandAloneWidget</name>
+    <message>
+        <source>Torvane - Fatal Error</source>
+        <translation>Torvane - Erreur fatale</translation>
+    </message>
+    <message>
+        <source>The settings file &quot;%1&quot; cannot be written.
+Check that you may write to its folder, then start again.</source>
+        <translation>Le fichier de paramètres « %1 » ne peut pas être écrit.
+Vérifiez que vous pouvez écrire dans son dossier, puis relancez.</translation>
+    </message>
+    <message>
+        <source>The settings file &quot;%1&quot; could not be put back as it was: %2</source>
+        <translation>Le fichier de paramètres « %1 » n’a pas pu être remis dans son état d’origine : %2</translation>
+    </message>
 </context>
 <context>
     <name>ZelGeneralSettingsPanel</name>
@@ -167,6 +213,41 @@ Vous pouvez choisir vous-même les paramètres les mieux adaptés à vos besoins
     <message>
         <source> °</source>
         <translation> °</translation>
+    </message>
+</context>
+<context>
+    <name>ZelRendererSelector</name>
+    <message>
+        <source>Torvane - Please select your display type</source>
+        <translation>Torvane - Veuillez choisir votre type d’affichage</translation>
+    </message>
+    <message>
+        <source>Select your display type - Torvane</source>
+        <translation>Choisissez votre type d’affichage - Torvane</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Please select your rendering engine :</source>
+        <translation>Veuillez choisir votre moteur de rendu :</translation>
+    </message>
+    <message>
+        <source>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;&lt;span style=&quot; font-size:11pt;&quot;&gt;Low&lt;/span&gt;&lt;/p&gt;&lt;p&gt;&lt;span style=&quot; font-size:10pt; font-style:italic;&quot;&gt;(Run everywhere)&lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;&lt;span style=&quot; font-size:11pt;&quot;&gt;Faible&lt;/span&gt;&lt;/p&gt;&lt;p&gt;&lt;span style=&quot; font-size:10pt; font-style:italic;&quot;&gt;(Fonctionne partout)&lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+    <message>
+        <source>or</source>
+        <translation>ou</translation>
+    </message>
+    <message>
+        <source>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;&lt;span style=&quot; font-size:11pt;&quot;&gt;High&lt;/span&gt;&lt;/p&gt;&lt;p&gt;&lt;span style=&quot; font-size:10pt; font-style:italic;&quot;&gt;(Discrete &lt;br/&gt;Graphic Card)&lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;&lt;span style=&quot; font-size:11pt;&quot;&gt;Élevé&lt;/span&gt;&lt;/p&gt;&lt;p&gt;&lt;span style=&quot; font-size:10pt; font-style:italic;&quot;&gt;(Carte graphique &lt;br/&gt;dédiée)&lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>Ok</translation>
     </message>
 </context>
 <context>

@@ -1,0 +1,98 @@
+// Start-up of the settings editor against a bare Qt window with one label: process start
+// to the first painted frame, runs alternating, and the peak resident memory of each.
+// Usage: startup_benchmark [runs]   (default 21 runs of each; offscreen platform)
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+#include <vector>
+
+namespace {
+
+struct Sample
+{
+    double milliseconds = 0;
+    double peakMiB = 0;
+};
+
+qint64 monotonicNs()
+{
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return qint64(now.tv_sec) * 1000000000LL + now.tv_nsec;
+}
+
+bool runOnce(const QString& mode, const QProcessEnvironment& environment, Sample& sample)
+{
+    QProcess probe;
+    probe.setProcessEnvironment(environment);
+    const qint64 start = monotonicNs();
+    probe.start(QStringLiteral(STARTUP_PROBE), {mode});
+    if (!probe.waitForFinished(30000))
+        return false;
+    const QStringList fields = QString::fromUtf8(probe.readAllStandardOutput()).split(QLatin1Char('\n')).filter(
+        QStringLiteral("frame ")).value(0).split(QLatin1Char(' '));
+    if (fields.size() != 3)
+        return false;
+    sample.milliseconds = (fields.at(1).toLongLong() - start) / 1e6;
+    sample.peakMiB = fields.at(2).toDouble() / 1024.0;
+    return true;
+}
+
+double median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+// Half the distance between the quartiles.
+double spread(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return (values[values.size() * 3 / 4] - values[values.size() / 4]) / 2;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication app(argc, argv);
+    const int runs = argc > 1 ? std::max(3, atoi(argv[1])) : 21;
+
+    // A settings folder of its own that needs no first-start question.
+    const QTemporaryDir home;
+    QDir().mkpath(home.filePath(QStringLiteral("config/TorvaneBoundlessX64")));
+    QFile settings(home.filePath(QStringLiteral("config/TorvaneBoundlessX64/Settings.ini")));
+    if (!settings.open(QIODevice::WriteOnly) || settings.write("settingsVersion=2\nengine=deferred\n") < 0)
+        return 1;
+    settings.close();
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), home.filePath(QStringLiteral("config")));
+    environment.insert(QStringLiteral("TMPDIR"), home.path());
+
+    std::vector<double> editorMs, bareMs, editorMiB, bareMiB;
+    for (int i = 0; i < runs; ++i) {
+        Sample editor, bare;
+        if (!runOnce(QStringLiteral("editor"), environment, editor) || !runOnce(QStringLiteral("bare"), environment, bare)) {
+            std::fprintf(stderr, "startup_benchmark: a probe did not reach its first frame\n");
+            return 1;
+        }
+        editorMs.push_back(editor.milliseconds);
+        bareMs.push_back(bare.milliseconds);
+        editorMiB.push_back(editor.peakMiB);
+        bareMiB.push_back(bare.peakMiB);
+    }
+    std::printf("%d runs each, offscreen, process start to first frame\n", runs);
+    std::printf("editor:      %7.1f ms  +- %5.1f   peak %6.1f MiB\n", median(editorMs), spread(editorMs), median(editorMiB));
+    std::printf("bare window: %7.1f ms  +- %5.1f   peak %6.1f MiB\n", median(bareMs), spread(bareMs), median(bareMiB));
+    std::printf("ratio %.2f (goal <= 1.3), memory %+.1f MiB (goal <= 15)\n", median(editorMs) / median(bareMs),
+                median(editorMiB) - median(bareMiB));
+    return 0;
+}

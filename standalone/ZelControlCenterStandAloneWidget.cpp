@@ -1,0 +1,123 @@
+#include "ZelControlCenterStandAloneWidget.h"
+
+#include "ZelAboutSettingsPanel.h"
+#include "ZelControlCenter.h"
+#include "ZelGeneralSettingsPanel.h"
+#include "ZelRendererSettingsPanel.h"
+#include "ZelImportSettingsPanel.h"
+#include "ZelSimplificationSettingsPanel.h"
+#include "kqDMIApplication.h"
+#include "kqMovableObject.h"
+#include "ui_ControlCenterStandAlone.h"
+
+#include <QCloseEvent>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace zel {
+
+ZelControlCenterStandAloneWidget::ZelControlCenterStandAloneWidget(kqDMIApplication* application, QWidget* parent,
+                                                                   Qt::WindowFlags flags)
+    : QWidget(parent, flags)
+    , m_ui(std::make_unique<Ui::ControlCenterStandAlone>())
+{
+    m_ui->setupUi(this);
+
+    m_movable = std::make_unique<kq::kqMovableObject>(this);
+    m_movable->setExpandOnDlbClick(true);
+    m_movable->setAnchorObject(m_ui->headerFrame, this);
+
+    m_controlCenter = std::make_unique<ZelControlCenter>(application, nullptr, Qt::WindowFlags());
+    m_controlCenter->setGUIHandler(this);
+    m_ui->contentLayout->insertWidget(0, m_controlCenter.get());
+    m_ui->contentLayout->insertWidget(1, m_controlCenter->settingsWidget());
+
+    connect(m_ui->closeButton, &QPushButton::clicked, this, &ZelControlCenterStandAloneWidget::closeWidget);
+    connect(m_ui->maximizeButton, &QPushButton::clicked, this, &ZelControlCenterStandAloneWidget::triggerMaximize);
+    connect(m_ui->minimizeButton, &QPushButton::clicked, this, &ZelControlCenterStandAloneWidget::triggerMinimize);
+
+    QSettings& settings = application->getSettings();
+    m_displayPanel = std::make_unique<ZelRendererSettingsPanel>(application, settings, nullptr, Qt::WindowFlags());
+    m_generalPanel = std::make_unique<ZelGeneralSettingsPanel>(application, settings, nullptr, Qt::WindowFlags());
+    m_simplificationPanel =
+        std::make_unique<ZelSimplificationSettingsPanel>(application, settings, nullptr, Qt::WindowFlags());
+    m_importPanel = std::make_unique<ZelImportSettingsPanel>(application, settings, nullptr, Qt::WindowFlags());
+    m_aboutPanel = std::make_unique<ZelAboutSettingsPanel>(application, settings, nullptr, Qt::WindowFlags());
+    for (ZelSettingsPanel* page : pages())
+        m_controlCenter->registerSettingsPanel(page);
+}
+
+ZelControlCenterStandAloneWidget::~ZelControlCenterStandAloneWidget()
+{
+    std::vector<ZelSettingsPanel*> registered = pages();
+    for (auto page = registered.rbegin(); page != registered.rend(); ++page)
+        m_controlCenter->unregisterSettingsPanel(*page, true);
+    m_aboutPanel.reset();
+    m_importPanel.reset();
+    m_simplificationPanel.reset();
+    m_generalPanel.reset();
+    m_displayPanel.reset();
+    m_movable.reset();
+    m_controlCenter.reset();
+    m_ui.reset();
+}
+
+std::vector<ZelSettingsPanel*> ZelControlCenterStandAloneWidget::pages() const
+{
+    return {m_displayPanel.get(), m_generalPanel.get(), m_simplificationPanel.get(), m_importPanel.get(),
+            m_aboutPanel.get()};
+}
+
+ZelControlCenter* ZelControlCenterStandAloneWidget::controlCenter() const
+{
+    return m_controlCenter.get();
+}
+
+void ZelControlCenterStandAloneWidget::triggerMinimize()
+{
+    showMinimized();
+}
+
+void ZelControlCenterStandAloneWidget::triggerMaximize()
+{
+    if (isMaximized())
+        showNormal();
+    else
+        showMaximized();
+}
+
+void ZelControlCenterStandAloneWidget::closeWidget()
+{
+    close();
+}
+
+void ZelControlCenterStandAloneWidget::openMenu()
+{
+    m_controlCenter->openMenu(true);
+    m_controlCenter->setControlCenterVisible(true);
+}
+
+void ZelControlCenterStandAloneWidget::parseMessage(const QString&)
+{
+}
+
+void ZelControlCenterStandAloneWidget::closeEvent(QCloseEvent* event)
+{
+    if (!m_controlCenter->hasModifications()) {
+        event->accept();
+        return;
+    }
+    QMessageBox question(QMessageBox::Warning,
+                         QCoreApplication::translate("ZelControlCenter", "Settings Modification"),
+                         QCoreApplication::translate("ZelControlCenter", "Your current changes will be discarded.\n"
+                                                                         "Continue and close the application ?"),
+                         QMessageBox::Ok | QMessageBox::Cancel, this);
+    // Return alone must not throw edits away.
+    question.setDefaultButton(QMessageBox::Cancel);
+    if (question.exec() == QMessageBox::Ok)
+        event->accept();
+    else
+        event->ignore();
+}
+
+} // namespace zel

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "ZelControlCenterExport.h"
+
+#include <QWidget>
+
+#include <memory>
+#include <vector>
+
+namespace Ui {
+class ControlCenterStandAlone;
+}
+namespace kq {
+class kqMovableObject;
+}
+
+namespace zel {
+
+class kqDMIApplication;
+class ZelAboutSettingsPanel;
+class ZelControlCenter;
+class ZelGeneralSettingsPanel;
+class ZelImportSettingsPanel;
+class ZelRendererSettingsPanel;
+class ZelSettingsPanel;
+class ZelSimplificationSettingsPanel;
+
+// The stand-alone settings editor's frameless window: a header with the product name
+// and its own window buttons, and a control center with every settings page.
+class ZEL_CONTROLCENTER_EXPORT ZelControlCenterStandAloneWidget : public QWidget
+{
+    Q_OBJECT
+
+public:
+    ZelControlCenterStandAloneWidget(kqDMIApplication* application, QWidget* parent = nullptr,
+                                     Qt::WindowFlags flags = {});
+    ~ZelControlCenterStandAloneWidget() override;
+
+    ZelControlCenter* controlCenter() const;
+
+public Q_SLOTS:
+    void triggerMinimize();
+    // Maximises, or restores a maximised window.
+    void triggerMaximize();
+    // Closes through closeEvent(), so pending edits are asked about.
+    void closeWidget();
+    // Opens the menu column and the drawer with every page.
+    void openMenu();
+    // Another start's command line: nothing to do, the window is raised for it.
+    void parseMessage(const QString& message);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    // The pages in registration order.
+    std::vector<ZelSettingsPanel*> pages() const;
+
+    Q_DISABLE_COPY_MOVE(ZelControlCenterStandAloneWidget)
+    std::unique_ptr<Ui::ControlCenterStandAlone> m_ui;
+    std::unique_ptr<kq::kqMovableObject> m_movable;
+    std::unique_ptr<ZelControlCenter> m_controlCenter;
+    std::unique_ptr<ZelRendererSettingsPanel> m_displayPanel;
+    std::unique_ptr<ZelGeneralSettingsPanel> m_generalPanel;
+    std::unique_ptr<ZelSimplificationSettingsPanel> m_simplificationPanel;
+    std::unique_ptr<ZelImportSettingsPanel> m_importPanel;
+    std::unique_ptr<ZelAboutSettingsPanel> m_aboutPanel;
+};
+
+} // namespace zel

@@ -1,0 +1,98 @@
+// Runs `launch` as torvane-settings does and answers its windows as a user would, so the
+// tests can run the real start-up sequence as a process.
+// Usage: launch-driver [ANSWER...] [-- ARGUMENT...]
+// Each ANSWER goes, in order, to the next modal dialog, or to the editor window when no
+// dialog is open: a key name ("Return", "Escape") is typed into it, "click:NAME" clicks
+// its child of that object name. Every dialog and window seen is reported on standard
+// output as "seen TITLE", and the result of launch as "launch returned N".
+
+#include "ZelLaunch.h"
+
+#include <QApplication>
+#include <QKeySequence>
+#include <QSet>
+#include <QStringList>
+#include <QTest>
+#include <QTimer>
+#include <QWidget>
+
+#include <cstdio>
+#include <vector>
+
+namespace {
+
+QStringList answers;
+
+void report(const QString& line)
+{
+    std::printf("%s\n", qUtf8Printable(line));
+    std::fflush(stdout);
+}
+
+QWidget* editorWindow()
+{
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (widget->isVisible() && widget->inherits("zel::ZelControlCenterStandAloneWidget"))
+            return widget;
+    }
+    return nullptr;
+}
+
+void answerNext()
+{
+    static QSet<QWidget*> seen;
+    QWidget* target = QApplication::activeModalWidget();
+    if (!target)
+        target = editorWindow();
+    if (!target)
+        return;
+    if (!seen.contains(target)) {
+        seen.insert(target);
+        report(QStringLiteral("seen ") + target->windowTitle());
+        // Lets the window finish showing before it is answered.
+        return;
+    }
+    if (answers.isEmpty())
+        return;
+    const QString answer = answers.takeFirst();
+    if (answer.startsWith(QLatin1String("click:"))) {
+        auto* child = target->findChild<QWidget*>(answer.mid(6));
+        if (!child) {
+            report(QStringLiteral("no child ") + answer.mid(6));
+            return;
+        }
+        QTest::mouseClick(target->windowHandle(), Qt::LeftButton, {}, child->mapTo(target, child->rect().center()));
+        return;
+    }
+    const QKeySequence key(answer);
+    QTest::keyClick(target->windowHandle(), Qt::Key(key[0].key()));
+}
+
+void startAnswering()
+{
+    // The editor's own message handler is in place by now; this one must be dropped.
+    qWarning("QGLShader::link: from the driver");
+    qWarning("driver started");
+    auto* timer = new QTimer(QCoreApplication::instance());
+    QObject::connect(timer, &QTimer::timeout, &answerNext);
+    timer->start(100);
+}
+
+} // namespace
+
+Q_COREAPP_STARTUP_FUNCTION(startAnswering)
+
+int main(int argc, char** argv)
+{
+    std::vector<char*> arguments{argv[0]};
+    int i = 1;
+    for (; i < argc && qstrcmp(argv[i], "--") != 0; ++i)
+        answers << QString::fromLocal8Bit(argv[i]);
+    for (++i; i < argc; ++i)
+        arguments.push_back(argv[i]);
+    int count = int(arguments.size());
+    arguments.push_back(nullptr);
+    const int result = launch(count, arguments.data());
+    report(QStringLiteral("launch returned %1").arg(result));
+    return result;
+}
