@@ -29,6 +29,13 @@ private:
         return widget->mapTo(&selector, widget->rect().center());
     }
 
+    // The colour a label shows beside its text: the chosen engine's is the darker one.
+    static QColor shade(const ZelRendererSelector& selector, const char* name)
+    {
+        QWidget* label = child(selector, name);
+        return label->grab().toImage().pixelColor(8, label->height() / 2);
+    }
+
     static void show(ZelRendererSelector& selector)
     {
         selector.show();
@@ -59,10 +66,15 @@ private Q_SLOTS:
         show(selector);
         QWindow* window = selector.windowHandle();
 
+        QCOMPARE(shade(selector, "deferredButton"), QColor(69, 183, 150));
+        QCOMPARE(shade(selector, "raytracerButton"), QColor(197, 163, 204));
         QTest::mousePress(window, Qt::LeftButton, {}, centreOf(selector, "raytracerButton"));
         QVERIFY(selector.useGPURenderer());
         QTest::mouseRelease(window, Qt::LeftButton, {}, centreOf(selector, "raytracerButton"));
         QVERIFY(!selector.useGPURenderer());
+        // The user sees the choice.
+        QCOMPARE(shade(selector, "raytracerButton"), QColor(186, 104, 204));
+        QCOMPARE(shade(selector, "deferredButton"), QColor(129, 184, 168));
 
         // A second click on the chosen engine changes nothing.
         click(child(selector, "raytracerButton"));
