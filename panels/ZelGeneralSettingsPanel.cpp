@@ -121,9 +121,15 @@ void ZelGeneralSettingsPanel::readSettings(GeneralModel& model) const
 {
     model.cacheDirectory = settings().value(SettingsKeys::CacheDirectory).toString();
     model.screenshotFolder = settings().value(SettingsKeys::ScreenshotFolder).toString();
-    // Absent, the size would read as 0, which the spin box shows as its minimum: a
-    // pending edit that nobody made. The form's own value stands in instead.
-    model.cacheSize = settings().value(SettingsKeys::CacheSize, m_formCacheSize).toInt();
+    // Absent or unreadable, the size would read as 0, which the spin box shows as its
+    // minimum: a pending edit that nobody made, and a tiny cache if applied. The
+    // default stands in instead, or the form's own value when none is registered.
+    bool readable = false;
+    model.cacheSize = settings().value(SettingsKeys::CacheSize).toInt(&readable);
+    if (!readable) {
+        model.cacheSize = m_formCacheSize;
+        PanelDefaults::assign(model.cacheSize, SettingsKeys::CacheSize);
+    }
 }
 
 void ZelGeneralSettingsPanel::getDefaultSettings(GeneralModel& model) const

@@ -193,6 +193,13 @@ private Q_SLOTS:
         QCOMPARE(size->value(), 2038);
     }
 
+    void unreadableSizeReadsAsTheDefault()
+    {
+        GeneralPage general({{Keys::CacheDirectory, "/stored/cache"}, {Keys::CacheSize, "abc"}});
+        QCOMPARE(general.size()->value(), 4096);
+        QVERIFY(!general.page->hasModifications());
+    }
+
     void keysNobodyRegistered()
     {
         // Nothing stored, nothing registered: no pending edit, nothing to reset, no empty
