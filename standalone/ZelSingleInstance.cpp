@@ -7,6 +7,7 @@
 #include <QDataStream>
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QLocalServer>
 #include <QLocalSocket>
@@ -36,6 +37,22 @@ QString instanceId(QString executablePath)
 }
 
 // Both live in the temporary folder: per machine, cleaned at boot.
+// Where the primary listens. A plain name would live in the temporary folder, but a
+// Unix socket's path holds little more than a hundred bytes: a deep temporary folder
+// (a sandbox's, a test's) falls back to the system's own, still one per user and path.
+QString serverName(const QString& id)
+{
+#if defined(Q_OS_UNIX)
+    constexpr qsizetype SocketPathLimit = 100;
+    const QString socket = QDir::temp().filePath(id);
+    if (QFile::encodeName(socket).size() < SocketPathLimit)
+        return socket;
+    return QStringLiteral("/tmp/") + id;
+#else
+    return id;
+#endif
+}
+
 QString lockPath(const QString& id)
 {
     return QDir::temp().filePath(id + QStringLiteral(".lock"));
@@ -78,7 +95,7 @@ bool ZelSingleInstance::isRunning()
     }
     m_primary = true;
     if (!listen())
-        qWarning("Cannot listen for other starts on %s", qUtf8Printable(m_id));
+        qWarning("Cannot listen for other starts on %s", qUtf8Printable(serverName(m_id)));
     return false;
 }
 
@@ -87,11 +104,12 @@ bool ZelSingleInstance::listen()
     m_server = new QLocalServer(this);
     m_server->setSocketOptions(QLocalServer::UserAccessOption);
     connect(m_server, &QLocalServer::newConnection, this, &ZelSingleInstance::readMessages);
-    if (m_server->listen(m_id))
+    const QString name = serverName(m_id);
+    if (m_server->listen(name))
         return true;
     // A socket left by a killed primary: the lock says nobody else owns it.
-    QLocalServer::removeServer(m_id);
-    return m_server->listen(m_id);
+    QLocalServer::removeServer(name);
+    return m_server->listen(name);
 }
 
 void ZelSingleInstance::readMessages()
@@ -120,7 +138,7 @@ bool ZelSingleInstance::sendMessage(const QString& message, int timeout, QString
     QLocalSocket socket;
     // The primary may hold the lock a moment before it listens.
     for (;;) {
-        socket.connectToServer(m_id);
+        socket.connectToServer(serverName(m_id));
         if (socket.waitForConnected(int(deadline.remainingTime())))
             break;
         if (deadline.hasExpired()) {

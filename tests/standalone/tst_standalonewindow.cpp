@@ -12,7 +12,9 @@
 #include <QAbstractSpinBox>
 #include <QLayout>
 #include <QMessageBox>
+#include <QDir>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -139,6 +141,14 @@ private Q_SLOTS:
 
     void secondStartRaisesTheMinimisedWindow()
     {
+        // A temporary folder deeper than a Unix socket's path may be, as in a sandbox.
+        const QString deep = m_home.tempPath() + QStringLiteral("/a-temporary-folder-as-deep-as-some-sandboxes-make-them/")
+                             + QString(40, QLatin1Char('d'));
+        QVERIFY(QDir().mkpath(deep));
+        const QByteArray temporary = qgetenv("TMPDIR");
+        qputenv("TMPDIR", QFile::encodeName(deep));
+        const auto restore = qScopeGuard([&temporary] { qputenv("TMPDIR", temporary); });
+
         ZelSingleInstance instance(QStringLiteral(TORVANE_SETTINGS));
         QVERIFY(!instance.isRunning());
         instance.setActivationWindow(m_window.get());
