@@ -61,8 +61,6 @@ private Q_SLOTS:
     void contract()
     {
         GeneralPage general;
-        QCOMPARE(general.page->getPanelName(), "Folders");
-        QCOMPARE(general.page->getPanelCategory(), zel::ZelSettingsPanel::ApplicationCategory);
         checkPageContract(*general.page, general.settings, [&] { general.choose("databaseButton", "/chosen"); });
         QCOMPARE(general.settings.value(Keys::CacheDirectory), "/default/cache");
         QCOMPARE(general.settings.value(Keys::CacheSize), 4096);

@@ -46,8 +46,6 @@ private Q_SLOTS:
                            {Keys::TesselationIsHighQuality, "true"},
                            {Keys::TesselationMaxFaceAngleSet, "true"},
                            {Keys::TesselationMaxFaceAngle, "45"}});
-        QCOMPARE(import.page->getPanelName(), "Tessellation");
-        QCOMPARE(import.page->getPanelCategory(), zel::ZelSettingsPanel::ImportCategory);
         QVERIFY(import.widget("highQuality")->isChecked());
         QCOMPARE(import.widget<QSpinBox>("faceAngleSpin")->value(), 45);
         checkPageContract(*import.page, import.settings, [&] { click(import.widget("length")); });
@@ -86,11 +84,6 @@ private Q_SLOTS:
         QTest::newRow("sag, set")
             << Defaults{{Keys::TesselationMaxFaceSagSet, "true"}, {Keys::TesselationMaxFaceSag, "1"}}
             << Defaults{{Keys::TesselationMaxFaceSagSet, "true"}, {Keys::TesselationMaxFaceSag, "2"}} << true;
-        QTest::newRow("length, set")
-            << Defaults{{Keys::TesselationMaxFaceLengthSet, "true"}, {Keys::TesselationMaxFaceLength, "1"}}
-            << Defaults{{Keys::TesselationMaxFaceLengthSet, "true"}, {Keys::TesselationMaxFaceLength, "2"}} << true;
-        QTest::newRow("angle, not set") << Defaults{{Keys::TesselationMaxFaceAngle, "10"}}
-                                        << Defaults{{Keys::TesselationMaxFaceAngle, "20"}} << false;
         QTest::newRow("a flag") << Defaults{} << Defaults{{Keys::TesselationMaxFaceAngleSet, "true"}} << true;
         QTest::newRow("NaN, set")
             << Defaults{{Keys::TesselationMaxFaceSagSet, "true"}, {Keys::TesselationMaxFaceSag, "nan"}}
