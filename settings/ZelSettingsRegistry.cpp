@@ -84,8 +84,12 @@ bool ZelSettings::EnsureSettings(QSettings& settings, QString& error)
         // it is destroyed or at its next event-loop turn, unless the caller prevents it.
         if (!validator(key, defaultValue, value, error))
             return false;
-        // An accepted value goes back as it was read, so a list stays the same list.
-        settings.setValue(key, value == text ? stored : QVariant(value));
+        // Only what changes is written, so a valid file is left as it is. An accepted
+        // value goes back as it was read, so a list stays the same list.
+        if (value != text)
+            settings.setValue(key, value);
+        else if (!settings.contains(key))
+            settings.setValue(key, stored);
     }
     settings.sync();
 

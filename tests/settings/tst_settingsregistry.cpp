@@ -12,6 +12,7 @@
 #include <QTest>
 #include <QThread>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 using zel::SettingValidator;
@@ -165,6 +166,17 @@ void SettingsTest::catalogue()
     QString error;
     QVERIFY(CC::EnsureSettings(settings, error));
     QCOMPARE(iniValues(iniPath()), expected);
+
+    // The next start finds nothing to repair and leaves the file alone: a rewrite would
+    // replace it with a new file.
+    const auto inode = [this] {
+        struct stat status {};
+        return ::stat(QFile::encodeName(iniPath()).constData(), &status) == 0 ? status.st_ino : 0;
+    };
+    const ino_t repaired = inode();
+    QSettings nextStart(iniPath(), CC::SettingsFormat());
+    QVERIFY(CC::EnsureSettings(nextStart, error));
+    QCOMPARE(inode(), repaired);
 }
 
 void SettingsTest::pageDefaults()
