@@ -13,12 +13,14 @@
 #include <QCloseEvent>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTimer>
 
 namespace zel {
 
 ZelControlCenterStandAloneWidget::ZelControlCenterStandAloneWidget(kqDMIApplication* application, QWidget* parent,
                                                                    Qt::WindowFlags flags)
     : QWidget(parent, flags)
+    , m_application(application)
     , m_ui(std::make_unique<Ui::ControlCenterStandAlone>())
 {
     m_ui->setupUi(this);
@@ -27,31 +29,48 @@ ZelControlCenterStandAloneWidget::ZelControlCenterStandAloneWidget(kqDMIApplicat
     m_movable->setExpandOnDlbClick(true);
     m_movable->setAnchorObject(m_ui->headerFrame, this);
 
-    m_controlCenter = std::make_unique<ZelControlCenter>(application, nullptr, Qt::WindowFlags());
+    connect(m_ui->closeButton, &QPushButton::clicked, this, &ZelControlCenterStandAloneWidget::closeWidget);
+    connect(m_ui->maximizeButton, &QPushButton::clicked, this, &ZelControlCenterStandAloneWidget::triggerMaximize);
+    connect(m_ui->minimizeButton, &QPushButton::clicked, this, &ZelControlCenterStandAloneWidget::triggerMinimize);
+}
+
+bool ZelControlCenterStandAloneWidget::event(QEvent* event)
+{
+    // Posted from the first paint, the build runs once that frame is on the screen.
+    if (event->type() == QEvent::Paint && !m_buildScheduled) {
+        m_buildScheduled = true;
+        QTimer::singleShot(0, this, &ZelControlCenterStandAloneWidget::buildControlCenter);
+    }
+    return QWidget::event(event);
+}
+
+void ZelControlCenterStandAloneWidget::buildControlCenter()
+{
+    m_controlCenter = std::make_unique<ZelControlCenter>(m_application, nullptr, Qt::WindowFlags());
     m_controlCenter->setGUIHandler(this);
     m_ui->contentLayout->insertWidget(0, m_controlCenter.get());
     m_ui->contentLayout->insertWidget(1, m_controlCenter->settingsWidget());
 
-    connect(m_ui->closeButton, &QPushButton::clicked, this, &ZelControlCenterStandAloneWidget::closeWidget);
-    connect(m_ui->maximizeButton, &QPushButton::clicked, this, &ZelControlCenterStandAloneWidget::triggerMaximize);
-    connect(m_ui->minimizeButton, &QPushButton::clicked, this, &ZelControlCenterStandAloneWidget::triggerMinimize);
-
-    QSettings& settings = application->getSettings();
-    m_displayPanel = std::make_unique<ZelRendererSettingsPanel>(application, settings, nullptr, Qt::WindowFlags());
-    m_generalPanel = std::make_unique<ZelGeneralSettingsPanel>(application, settings, nullptr, Qt::WindowFlags());
+    QSettings& settings = m_application->getSettings();
+    m_displayPanel = std::make_unique<ZelRendererSettingsPanel>(m_application, settings, nullptr, Qt::WindowFlags());
+    m_generalPanel = std::make_unique<ZelGeneralSettingsPanel>(m_application, settings, nullptr, Qt::WindowFlags());
     m_simplificationPanel =
-        std::make_unique<ZelSimplificationSettingsPanel>(application, settings, nullptr, Qt::WindowFlags());
-    m_importPanel = std::make_unique<ZelImportSettingsPanel>(application, settings, nullptr, Qt::WindowFlags());
-    m_aboutPanel = std::make_unique<ZelAboutSettingsPanel>(application, settings, nullptr, Qt::WindowFlags());
+        std::make_unique<ZelSimplificationSettingsPanel>(m_application, settings, nullptr, Qt::WindowFlags());
+    m_importPanel = std::make_unique<ZelImportSettingsPanel>(m_application, settings, nullptr, Qt::WindowFlags());
+    m_aboutPanel = std::make_unique<ZelAboutSettingsPanel>(m_application, settings, nullptr, Qt::WindowFlags());
     for (ZelSettingsPanel* page : pages())
         m_controlCenter->registerSettingsPanel(page);
+    if (m_menuRequested)
+        openMenu();
 }
 
 ZelControlCenterStandAloneWidget::~ZelControlCenterStandAloneWidget()
 {
-    std::vector<ZelSettingsPanel*> registered = pages();
-    for (auto page = registered.rbegin(); page != registered.rend(); ++page)
-        m_controlCenter->unregisterSettingsPanel(*page, true);
+    if (m_controlCenter) {
+        std::vector<ZelSettingsPanel*> registered = pages();
+        for (auto page = registered.rbegin(); page != registered.rend(); ++page)
+            m_controlCenter->unregisterSettingsPanel(*page, true);
+    }
     m_aboutPanel.reset();
     m_importPanel.reset();
     m_simplificationPanel.reset();
@@ -93,6 +112,9 @@ void ZelControlCenterStandAloneWidget::closeWidget()
 
 void ZelControlCenterStandAloneWidget::openMenu()
 {
+    m_menuRequested = true;
+    if (!m_controlCenter)
+        return;
     m_controlCenter->openMenu(true);
     m_controlCenter->setControlCenterVisible(true);
 }
@@ -103,7 +125,7 @@ void ZelControlCenterStandAloneWidget::parseMessage(const QString&)
 
 void ZelControlCenterStandAloneWidget::closeEvent(QCloseEvent* event)
 {
-    if (!m_controlCenter->hasModifications()) {
+    if (!m_controlCenter || !m_controlCenter->hasModifications()) {
         event->accept();
         return;
     }

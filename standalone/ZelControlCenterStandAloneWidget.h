@@ -27,6 +27,9 @@ class ZelSimplificationSettingsPanel;
 
 // The stand-alone settings editor's frameless window: a header with the product name
 // and its own window buttons, and a control center with every settings page.
+// The control center and its pages, a few hundred styled widgets, are built right after
+// the window's first frame: the window answers at once, and the menu slides in as soon
+// as they exist, as it always does.
 class ZEL_CONTROLCENTER_EXPORT ZelControlCenterStandAloneWidget : public QWidget
 {
     Q_OBJECT
@@ -36,6 +39,7 @@ public:
                                      Qt::WindowFlags flags = {});
     ~ZelControlCenterStandAloneWidget() override;
 
+    // Null until the window has painted its first frame.
     ZelControlCenter* controlCenter() const;
 
 public Q_SLOTS:
@@ -44,19 +48,24 @@ public Q_SLOTS:
     void triggerMaximize();
     // Closes through closeEvent(), so pending edits are asked about.
     void closeWidget();
-    // Opens the menu column and the drawer with every page.
+    // Opens the menu column and the drawer with every page, once they exist.
     void openMenu();
     // Another start's command line: nothing to do, the window is raised for it.
     void parseMessage(const QString& message);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
+    void buildControlCenter();
     // The pages in registration order.
     std::vector<ZelSettingsPanel*> pages() const;
 
     Q_DISABLE_COPY_MOVE(ZelControlCenterStandAloneWidget)
+    kqDMIApplication* m_application = nullptr;
+    bool m_buildScheduled = false;
+    bool m_menuRequested = false;
     std::unique_ptr<Ui::ControlCenterStandAlone> m_ui;
     std::unique_ptr<kq::kqMovableObject> m_movable;
     std::unique_ptr<ZelControlCenter> m_controlCenter;

@@ -72,8 +72,10 @@ private Q_SLOTS:
         m_window = std::make_unique<ZelControlCenterStandAloneWidget>(m_application.get(), nullptr,
                                                                       Qt::FramelessWindowHint);
         m_window->show();
+        // As launch does it: asked before the pages exist, the menu opens once they do.
         m_window->openMenu();
         QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+        QTRY_VERIFY(m_window->controlCenter());
     }
 
     void cleanup()
@@ -95,6 +97,7 @@ private Q_SLOTS:
                                        QStringLiteral("zel::ZelSimplificationSettingsPanel"),
                                        QStringLiteral("zel::ZelImportSettingsPanel"),
                                        QStringLiteral("zel::ZelAboutSettingsPanel")}));
+        QTRY_VERIFY(m_window->controlCenter()->isMenuOpen());
         // A new user who changed nothing has nothing to discard.
         QVERIFY(!m_window->controlCenter()->hasModifications());
     }
