@@ -1,7 +1,9 @@
-// Reports when a start-up reaches its first painted frame, then ends the process.
+// Reports when a start-up reaches its first painted frame, then quits as a user would, so
+// the next run starts as after a normal session (no lock or socket left behind).
 // Usage: startup-probe editor | bare
 // editor runs launch as torvane-settings does; bare shows one QLabel. On the first paint
-// it prints "frame <CLOCK_MONOTONIC ns> <peak resident KiB>".
+// it prints "frame <CLOCK_MONOTONIC ns> <peak resident KiB>". The editor goes on until a
+// settings page is painted and prints "pages" the same way: its window is complete.
 
 #include "ZelLaunch.h"
 
@@ -13,7 +15,6 @@
 #include <cstdio>
 #include <cstring>
 #include <ctime>
-#include <unistd.h>
 
 namespace {
 
@@ -26,20 +27,38 @@ long peakResidentKiB()
     return peak.match(QString::fromLatin1(status.readAll())).captured(1).toLong();
 }
 
+void report(const char* what)
+{
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    std::printf("%s %lld %ld\n", what, qint64(now.tv_sec) * 1000000000LL + now.tv_nsec, peakResidentKiB());
+    std::fflush(stdout);
+}
+
+bool editorMode = false;
+
 class FirstFrame : public QObject
 {
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (event->type() == QEvent::Paint && watched->isWidgetType()) {
-            timespec now{};
-            clock_gettime(CLOCK_MONOTONIC, &now);
-            std::printf("frame %lld %ld\n", qint64(now.tv_sec) * 1000000000LL + now.tv_nsec, peakResidentKiB());
-            std::fflush(stdout);
-            _exit(0);
+        if (event->type() != QEvent::Paint || !watched->isWidgetType())
+            return false;
+        if (!m_framed) {
+            m_framed = true;
+            report("frame");
+        }
+        if (!editorMode || watched->inherits("zel::ZelSettingsPanel")) {
+            if (editorMode)
+                report("pages");
+            QCoreApplication::instance()->removeEventFilter(this);
+            QCoreApplication::quit();
         }
         return false;
     }
+
+private:
+    bool m_framed = false;
 };
 
 void watchFirstFrame()
@@ -59,6 +78,7 @@ int main(int argc, char** argv)
         label.show();
         return QApplication::exec();
     }
+    editorMode = true;
     char* arguments[] = {argv[0], nullptr};
     return launch(1, arguments);
 }
