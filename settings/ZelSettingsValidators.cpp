@@ -17,6 +17,10 @@
 #include <iterator>
 #include <vector>
 
+#if defined(Q_OS_UNIX)
+#include <sys/stat.h>
+#endif
+
 namespace zel {
 
 namespace {
@@ -121,9 +125,32 @@ QString folderOf(const QString& filePath)
     return QFileInfo(filePath).absolutePath();
 }
 
+// A folder made right inside the system's temporary folder is shared by every user of
+// the machine, each keeping a folder of their own in it: like the temporary folder
+// itself, anyone may add to it and nobody may remove what others put there. Made with
+// the creator's umask, it would keep every later user out.
+void shareIfInTemporaryFolder(const QString& createdFolder)
+{
+#if defined(Q_OS_UNIX)
+    if (QFileInfo(createdFolder).absolutePath() == QDir(QDir::tempPath()).absolutePath())
+        ::chmod(QFile::encodeName(createdFolder).constData(), S_IRWXU | S_IRWXG | S_IRWXO | S_ISVTX);
+#else
+    Q_UNUSED(createdFolder)
+#endif
+}
+
 bool existsOrCreated(const QString& folder)
 {
-    return QDir(folder).exists() || QDir().mkpath(folder);
+    if (QDir(folder).exists())
+        return true;
+    // The outermost folder that mkpath is about to create.
+    QString outermost = QDir::cleanPath(QDir(folder).absolutePath());
+    while (!QFileInfo::exists(QFileInfo(outermost).absolutePath()))
+        outermost = QFileInfo(outermost).absolutePath();
+    if (!QDir().mkpath(folder))
+        return false;
+    shareIfInTemporaryFolder(outermost);
+    return true;
 }
 
 // Keeps `value`, normalised, while the folder it needs exists; otherwise takes the

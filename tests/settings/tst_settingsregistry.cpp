@@ -69,6 +69,7 @@ private Q_SLOTS:
     void validators();
     void folderValidators_data();
     void folderValidators();
+    void sharedTemporaryFolder();
 
 private:
     QString iniPath() const { return m_folder.filePath("Settings.ini"); }
@@ -304,6 +305,30 @@ void SettingsTest::folderValidators()
     QCOMPARE(value, inBase(expected));
     QCOMPARE(base.exists("new"), validator == &CC::ensureTmpFolder || expected.startsWith("new"));
     QCOMPARE(QFileInfo::exists(value), validator != &CC::ensureFile); // the logger creates its file
+}
+
+void SettingsTest::sharedTemporaryFolder()
+{
+    // Whoever starts first creates the application's folder in the temporary folder;
+    // every other user must still be able to add a cache folder of their own to it.
+    const auto mode = [this](const QString& name) {
+        struct stat status {};
+        const QByteArray path = QFile::encodeName(m_home.tempPath() + '/' + name);
+        return ::stat(path.constData(), &status) == 0 ? status.st_mode & 07777 : 0u;
+    };
+    QVERIFY(QDir(m_home.tempPath()).mkdir("Someone's"));
+    const unsigned existingMode = mode("Someone's");
+    for (const QString application : {"Shared", "Someone's"}) {
+        CC::ClearSettingsValues();
+        CC::InitDefaultSettingsValues(application);
+        QSettings settings(iniPath(), CC::SettingsFormat());
+        QString error;
+        QVERIFY2(CC::EnsureSettings(settings, error), qPrintable(error));
+        QFile::remove(iniPath());
+    }
+    QCOMPARE(mode("Shared"), unsigned(S_IRWXU | S_IRWXG | S_IRWXO | S_ISVTX));
+    // A folder that was there already is not ours to open up.
+    QCOMPARE(mode("Someone's"), existingMode);
 }
 
 QTEST_GUILESS_MAIN(SettingsTest)
