@@ -1,21 +1,16 @@
-// The kernel stand-in, the guarded spin boxes and the stand-alone application object.
+// The kernel stand-in where a user of the editor meets it, the guarded spin boxes and the
+// stand-alone application object.
 #include "TestHome.h"
 #include "TestInput.h"
 
 #include "MTLogger.h"
 #include "ZelControlCenter.h"
-#include "ZelControlCenterVersion.h"
 #include "ZelDirectory.h"
-#include "ZelKernel.h"
 #include "ZelSettingsApplication.h"
-#include "kqDMIApplication.h"
 #include "kqDMManager.h"
-#include "kqDMRenderer.h"
 #include "kqMessageBox.h"
 #include "kqMovableObject.h"
 #include "kqSystem.h"
-#include "zelAction.h"
-#include "zelActionManager.h"
 #include "zelDoubleSpinBox.h"
 #include "zelSpinBox.h"
 
@@ -31,7 +26,6 @@
 #include <QTest>
 #include <QTimer>
 
-#include <memory>
 
 using namespace zel;
 using namespace Qt::StringLiterals;
@@ -79,7 +73,6 @@ private Q_SLOTS:
     void services();
     void correctRatios_data();
     void correctRatios();
-    void actionLifetimes();
     void messageBox();
     void windowMover();
     void logFilter_data();
@@ -88,7 +81,6 @@ private Q_SLOTS:
     void spinBoxWheelNeedsFocus_data();
     void spinBoxWheelNeedsFocus();
     void settingsApplication();
-    void versionTexts();
     void releasesResources();
 
 private:
@@ -110,17 +102,6 @@ void tst_Kernel::services()
     qputenv("USER", "bob");
     QCOMPARE(kq::kqSystemUtils::GetCurrentUserNameUtf8(), std::string("bob"));
 
-    // Library starts and stops pair up.
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    QVERIFY(kq::initializeKqSystem(kq::InitGui, false));
-    QVERIFY(zelInitializeKernelLibrary());
-    zelTerminateKernelLibrary();
-    kq::terminateKqSystem();
-    // A refused start does not count.
-    QTest::ignoreMessage(QtWarningMsg, "initializeKqSystem: unknown start type 3");
-    QVERIFY(!kq::initializeKqSystem(kq::InitType(3), false));
-    QTest::ignoreMessage(QtWarningMsg, "kqSystem terminated without being initialized");
-    kq::terminateKqSystem();
 }
 
 void tst_Kernel::correctRatios_data()
@@ -145,26 +126,6 @@ void tst_Kernel::correctRatios()
     const bool changed = ratios != expected;
     QCOMPARE(kqDMManager::correctRatios(ratios), changed);
     QCOMPARE(ratios, expected);
-}
-
-void tst_Kernel::actionLifetimes()
-{
-    auto manager = std::make_unique<zelActionManager>();
-    auto action = std::make_unique<zelAction>(u"open"_s, u"Open"_s, manager.get());
-    QCOMPARE(manager->getActionByName(u"open"_s), action.get());
-    QVERIFY(!manager->getActionByName(u"Open"_s));
-
-    // A second action under the same name does not replace the first; a destroyed
-    // action frees its name.
-    zelAction duplicate(u"open"_s, u"Open"_s, manager.get());
-    QCOMPARE(manager->getActionByName(u"open"_s), action.get());
-    action.reset();
-    QVERIFY(!manager->getActionByName(u"open"_s));
-    QVERIFY(manager->registerAction(&duplicate));
-
-    duplicate.setActionGuiName(u"Open\u2026"_s);
-    QCOMPARE(duplicate.text(), u"Open\u2026"_s);
-    QCOMPARE(duplicate.getActionGuiName(), duplicate.text());
 }
 
 void tst_Kernel::messageBox()
@@ -331,13 +292,6 @@ void tst_Kernel::settingsApplication()
     QVERIFY(!application.isDiagModeEnable());
     settings.setValue(u"enablediag"_s, u"true"_s);
     QVERIFY(application.isDiagModeEnable());
-}
-
-void tst_Kernel::versionTexts()
-{
-    using Version = ::ZelControlCenter::Version;
-    // The month is not zero-padded.
-    QCOMPARE(Version::GetDescStringMajorMinorReleaseRevisionDate(), "1.1.0.85 2024-1");
 }
 
 // Last: nothing after it may need the library's images.
