@@ -12,6 +12,7 @@
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QLockFile>
+#include <QStandardPaths>
 #include <QThread>
 #include <QWidget>
 
@@ -36,15 +37,23 @@ QString instanceId(QString executablePath)
     return executable.completeBaseName() + QLatin1Char('-') + QString::fromLatin1(hash.left(16));
 }
 
-// Both live in the temporary folder: per machine, cleaned at boot.
-// Where the primary listens. A plain name would live in the temporary folder, but a
-// Unix socket's path holds little more than a hundred bytes: a deep temporary folder
-// (a sandbox's, a test's) falls back to the system's own, still one per user and path.
+// Where the lock and the socket live: the session's runtime folder, which is the user's
+// own, held in memory (taking the lock costs no disk flush) and emptied at logout; the
+// temporary folder when there is none.
+QString instanceFolder()
+{
+    const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    return runtime.isEmpty() ? QDir::tempPath() : runtime;
+}
+
+// Where the primary listens. A Unix socket's path holds little more than a hundred
+// bytes: a deep folder (a sandbox's, a test's) falls back to the system's temporary
+// folder, still one socket per user and path.
 QString serverName(const QString& id)
 {
 #if defined(Q_OS_UNIX)
     constexpr qsizetype SocketPathLimit = 100;
-    const QString socket = QDir::temp().filePath(id);
+    const QString socket = QDir(instanceFolder()).filePath(id);
     if (QFile::encodeName(socket).size() < SocketPathLimit)
         return socket;
     return QStringLiteral("/tmp/") + id;
@@ -55,7 +64,7 @@ QString serverName(const QString& id)
 
 QString lockPath(const QString& id)
 {
-    return QDir::temp().filePath(id + QStringLiteral(".lock"));
+    return QDir(instanceFolder()).filePath(id + QStringLiteral(".lock"));
 }
 
 } // namespace

@@ -14,8 +14,8 @@ class QWidget;
 
 namespace zel {
 
-// One running editor per user and executable. The first process to take a lock file
-// becomes the primary and listens on a local socket; later processes find the lock taken
+// One running editor per user and executable. The first process to take a lock file (in
+// the session's runtime folder) becomes the primary and listens on a local socket; later processes find the lock taken
 // and send their message to the primary instead of opening a window. The lock belongs to
 // a process id, so a primary that crashed or was killed leaves a stale lock that the
 // next start takes over.

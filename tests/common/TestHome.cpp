@@ -16,6 +16,11 @@ TestHome::TestHome()
         QDir().mkpath(folder);
         qputenv(variable, QFile::encodeName(folder));
     }
+    // The session's runtime folder must be the user's alone, or Qt refuses it.
+    const QString runtime = path() + QStringLiteral("/runtime");
+    QDir().mkpath(runtime);
+    QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtime));
 }
 
 bool TestHome::isValid() const

@@ -3,7 +3,7 @@
 #include <QString>
 #include <QTemporaryDir>
 
-// Points every per-user folder (home, XDG config/cache/data, temp) at a fresh temporary
+// Points every per-user folder (home, XDG config/cache/data/runtime, temp) at a fresh temporary
 // directory, so no test ever touches the real home. Create it before anything reads
 // those folders, e.g. as a member of the test class; it lasts for the test program.
 class TestHome

@@ -144,13 +144,14 @@ private Q_SLOTS:
 
     void secondStartRaisesTheMinimisedWindow()
     {
-        // A temporary folder deeper than a Unix socket's path may be, as in a sandbox.
-        const QString deep = m_home.tempPath() + QStringLiteral("/a-temporary-folder-as-deep-as-some-sandboxes-make-them/")
+        // A runtime folder deeper than a Unix socket's path may be, as in a sandbox.
+        const QString deep = m_home.path() + QStringLiteral("/a-runtime-folder-as-deep-as-some-sandboxes-make-them/")
                              + QString(40, QLatin1Char('d'));
         QVERIFY(QDir().mkpath(deep));
-        const QByteArray temporary = qgetenv("TMPDIR");
-        qputenv("TMPDIR", QFile::encodeName(deep));
-        const auto restore = qScopeGuard([&temporary] { qputenv("TMPDIR", temporary); });
+        QVERIFY(QFile::setPermissions(deep, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+        const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(deep));
+        const auto restore = qScopeGuard([&runtime] { qputenv("XDG_RUNTIME_DIR", runtime); });
 
         ZelSingleInstance instance(QStringLiteral(TORVANE_SETTINGS));
         QVERIFY(!instance.isRunning());
