@@ -52,7 +52,8 @@ protected:
             if (editorMode)
                 report("pages");
             QCoreApplication::instance()->removeEventFilter(this);
-            QCoreApplication::quit();
+            // Queued, so the frame being painted is finished and flushed first.
+            QMetaObject::invokeMethod(QCoreApplication::instance(), &QCoreApplication::quit, Qt::QueuedConnection);
         }
         return false;
     }
