@@ -80,12 +80,13 @@ bool ZelSettings::EnsureSettings(QSettings& settings, QString& error)
         const QVariant stored = settings.value(key, QVariant(defaultValue));
         const QString text = settingText(stored);
         QString value = text;
-        // The keys handled so far stay set on `settings`: QSettings writes them out when
-        // it is destroyed or at its next event-loop turn, unless the caller prevents it.
+        // The keys repaired or filled in so far stay set on `settings`: QSettings writes
+        // them out when it is destroyed or at its next event-loop turn, unless the caller
+        // prevents it.
         if (!validator(key, defaultValue, value, error))
             return false;
-        // Only what changes is written, so a valid file is left as it is. An accepted
-        // value goes back as it was read, so a list stays the same list.
+        // Only a repaired value or a missing default is set, so a valid file is left as
+        // it is; a default goes in as registered.
         if (value != text)
             settings.setValue(key, value);
         else if (!settings.contains(key))
