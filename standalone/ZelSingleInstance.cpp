@@ -37,12 +37,17 @@ QString instanceId(QString executablePath)
     return executable.completeBaseName() + QLatin1Char('-') + QString::fromLatin1(hash.left(16));
 }
 
+QString runtimeFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+}
+
 // Where the lock and the socket live: the session's runtime folder, which is the user's
 // own, held in memory (taking the lock costs no disk flush) and emptied at logout; the
 // temporary folder when there is none.
 QString instanceFolder()
 {
-    const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    const QString runtime = runtimeFolder();
     return runtime.isEmpty() ? QDir::tempPath() : runtime;
 }
 
@@ -60,6 +65,14 @@ QString serverName(const QString& id)
 #else
     return id;
 #endif
+}
+
+// Only the owner may enter the runtime folder (0700), so a socket there needs no
+// permissions of its own; anywhere else Qt must make it private to the user.
+bool needsPrivateSocket(const QString& serverName)
+{
+    const QString runtime = runtimeFolder();
+    return runtime.isEmpty() || QFileInfo(serverName).absolutePath() != runtime;
 }
 
 QString lockPath(const QString& id)
@@ -110,10 +123,11 @@ bool ZelSingleInstance::isRunning()
 
 bool ZelSingleInstance::listen()
 {
-    m_server = new QLocalServer(this);
-    m_server->setSocketOptions(QLocalServer::UserAccessOption);
-    connect(m_server, &QLocalServer::newConnection, this, &ZelSingleInstance::readMessages);
     const QString name = serverName(m_id);
+    m_server = new QLocalServer(this);
+    if (needsPrivateSocket(name))
+        m_server->setSocketOptions(QLocalServer::UserAccessOption);
+    connect(m_server, &QLocalServer::newConnection, this, &ZelSingleInstance::readMessages);
     if (m_server->listen(name))
         return true;
     // A socket left by a killed primary: the lock says nobody else owns it.

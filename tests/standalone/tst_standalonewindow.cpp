@@ -13,6 +13,7 @@
 #include <QLayout>
 #include <QMessageBox>
 #include <QDir>
+#include <QFileInfo>
 #include <QProcess>
 #include <QScopeGuard>
 #include <QPushButton>
@@ -155,6 +156,11 @@ private Q_SLOTS:
 
         ZelSingleInstance instance(QStringLiteral(TORVANE_SETTINGS));
         QVERIFY(!instance.isRunning());
+        // Out of the private runtime folder, no other user may connect.
+        const QFileInfo socket(QStringLiteral("/tmp/") + instance.id());
+        QVERIFY(socket.exists());
+        QCOMPARE(socket.permissions() & (QFile::ReadOther | QFile::WriteOther | QFile::ReadGroup | QFile::WriteGroup),
+                 QFile::Permissions());
         instance.setActivationWindow(m_window.get());
         m_window->showMinimized();
         QSignalSpy received(&instance, &ZelSingleInstance::messageReceived);
