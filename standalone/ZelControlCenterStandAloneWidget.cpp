@@ -12,6 +12,7 @@
 
 #include <QCloseEvent>
 #include <QMessageBox>
+#include <QPixmap>
 #include <QPushButton>
 #include <QTimer>
 
@@ -60,6 +61,9 @@ void ZelControlCenterStandAloneWidget::buildControlCenter()
     m_aboutPanel = std::make_unique<ZelAboutSettingsPanel>(m_application, settings, nullptr, Qt::WindowFlags());
     for (ZelSettingsPanel* page : pages())
         m_controlCenter->registerSettingsPanel(page);
+    // The placeholder's logo comes with the pages too: Qt loads every image-format
+    // plug-in before it reads its first image, which the first frame need not wait for.
+    m_ui->uiDummyContent->setPixmap(QPixmap(QStringLiteral(":/controlCenter/controlCenter/logo-torvane.png")));
     if (m_menuRequested)
         openMenu();
 }

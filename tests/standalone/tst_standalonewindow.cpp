@@ -10,6 +10,7 @@
 #include "ZelSingleInstance.h"
 
 #include <QAbstractSpinBox>
+#include <QLabel>
 #include <QLayout>
 #include <QMessageBox>
 #include <QDir>
@@ -98,6 +99,8 @@ private Q_SLOTS:
                                        QStringLiteral("zel::ZelSimplificationSettingsPanel"),
                                        QStringLiteral("zel::ZelImportSettingsPanel"),
                                        QStringLiteral("zel::ZelAboutSettingsPanel")}));
+        // The placeholder beside the drawer shows the logo once the pages are built.
+        QVERIFY(!m_window->findChild<QLabel*>(QStringLiteral("uiDummyContent"))->pixmap().isNull());
         QTRY_VERIFY(m_window->controlCenter()->isMenuOpen());
         // A new user who changed nothing has nothing to discard.
         QVERIFY(!m_window->controlCenter()->hasModifications());
