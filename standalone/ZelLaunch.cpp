@@ -127,6 +127,7 @@ bool prepareSettingsFile(const QString& settingsFile, bool& exists, const QStrin
 {
     if (!exists)
         return false;
+    QString engine;
     {
         QSettings settings(settingsFile, ZelSettings::SettingsFormat());
         bool isNumber = false;
@@ -144,6 +145,9 @@ bool prepareSettingsFile(const QString& settingsFile, bool& exists, const QStrin
             QFile::remove(settingsFile);
             exists = false;
         }
+        // An upgrade that could not be written leaves the renderer unknown.
+        if (exists && settings.status() == QSettings::NoError)
+            engine = settings.value(SettingsKeys::Engine).toString();
     }
     if (!exists) {
         QSettings fresh(settingsFile, ZelSettings::SettingsFormat());
@@ -151,9 +155,7 @@ bool prepareSettingsFile(const QString& settingsFile, bool& exists, const QStrin
         fresh.sync();
         return false;
     }
-    const QString engine = QSettings(settingsFile, ZelSettings::SettingsFormat()).value(SettingsKeys::Engine).toString();
-    return QFile::exists(settingsFile)
-        && (engine == QLatin1String("deferred") || engine == QLatin1String("software"));
+    return engine == QLatin1String("deferred") || engine == QLatin1String("software");
 }
 
 void showFatalError(const QString& text)
