@@ -1,6 +1,7 @@
 #include "ZelSettings.h"
 
 #include "IniDocument.h"
+#include "ZelSettingsFile.h"
 
 #include <QFile>
 #include <QFileDevice>
@@ -8,6 +9,9 @@
 namespace zel {
 
 namespace {
+
+// Set by every write, so that a caller can tell the user why the last one failed.
+thread_local QString lastWriteError;
 
 bool readSettings(QIODevice& device, QSettings::SettingsMap& map)
 {
@@ -20,13 +24,16 @@ bool readSettings(QIODevice& device, QSettings::SettingsMap& map)
 // on disk now.
 bool writeSettings(QIODevice& device, const QSettings::SettingsMap& map)
 {
+    lastWriteError.clear();
     QByteArray current;
-    if (const auto* target = qobject_cast<const QFileDevice*>(&device)) {
+    auto* target = qobject_cast<QFileDevice*>(&device);
+    if (target) {
         QFile file(target->fileName());
         if (file.exists()) {
             if (!file.open(QIODevice::ReadOnly)) {
+                lastWriteError = file.errorString();
                 qWarning("Cannot read %s to keep its lines: %s", qPrintable(file.fileName()),
-                         qPrintable(file.errorString()));
+                         qPrintable(lastWriteError));
                 return false;
             }
             current = file.readAll();
@@ -35,13 +42,24 @@ bool writeSettings(QIODevice& device, const QSettings::SettingsMap& map)
     QByteArray bytes;
     QString error;
     if (!IniDocument(current).write(map, bytes, error)) {
+        lastWriteError = error;
         qWarning("%s", qPrintable(error));
         return false;
     }
-    return device.write(bytes) == bytes.size();
+    // Flushed here, while the reason of a full disk or a size limit can still be told.
+    if (device.write(bytes) != bytes.size() || (target && !target->flush())) {
+        lastWriteError = device.errorString();
+        return false;
+    }
+    return true;
 }
 
 } // namespace
+
+QString ZelSettingsFile::LastWriteError()
+{
+    return lastWriteError;
+}
 
 QSettings::Format ZelSettings::SettingsFormat()
 {

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "ZelSettingsExport.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace zel {
+
+// What one Settings.ini key accepts: the one table that the validators check against,
+// the pages set their fields from and torvane-config quotes when it refuses a value.
+// A value inside the range is one the pages show exactly as it is stored.
+struct ZEL_SETTINGS_EXPORT SettingRange
+{
+    enum class Kind {
+        Any,     // any text
+        Boolean, // "true" or "false"
+        Integer, // whole numbers from minimum to maximum
+        Decimal, // numbers from minimum to maximum with at most `decimals` digits after the point
+        Choice,  // one of `choices`, exactly
+        Folder,  // a folder path
+        File,    // a file path
+        Ratios,  // the five simplification ratios
+        Version, // the settings layout version: always the current one
+    };
+
+    Kind kind = Kind::Any;
+    double minimum = 0;
+    double maximum = 0;
+    int decimals = 0;
+    QStringList choices;
+
+    // What the key accepts, in English, for a command-line message:
+    // "a whole number from 10 to 10240", "true or false".
+    QString describe() const;
+};
+
+} // namespace zel

@@ -1,0 +1,196 @@
+#include "ZelSettingsFile.h"
+
+#include "IniDocument.h"
+#include "ZelSettings.h"
+#include "ZelSettingsKeys.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <cstring>
+
+#if defined(Q_OS_UNIX)
+#include <unistd.h>
+#endif
+
+namespace zel {
+
+namespace {
+
+constexpr int SettingsLayoutVersion = 2;
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("ZelSettingsFile", text);
+}
+
+QString native(const QString& path)
+{
+    return QDir::toNativeSeparators(path);
+}
+
+QString systemReason(int error)
+{
+    return QString::fromLocal8Bit(std::strerror(error));
+}
+
+// Asks the system itself whether `path` may be written: it knows about read-only
+// mounts, access lists and the superuser, which the permission bits do not tell.
+bool mayWrite(const QString& path, QString& reason)
+{
+#if defined(Q_OS_UNIX)
+    if (::access(QFile::encodeName(path).constData(), W_OK) == 0)
+        return true;
+    reason = systemReason(errno);
+    return false;
+#else
+    if (QFileInfo(path).isWritable())
+        return true;
+    reason = systemReason(EACCES);
+    return false;
+#endif
+}
+
+// The value as the validation pass hands it to a validator.
+QString passText(const QSettings& settings, const QString& key)
+{
+    return ZelSettings::GetSettingText(settings, key);
+}
+
+} // namespace
+
+int ZelSettingsFile::CurrentVersion()
+{
+    return SettingsLayoutVersion;
+}
+
+ZelSettingsFile::Layout ZelSettingsFile::InspectLayout(const QSettings& settings)
+{
+    if (!QFileInfo::exists(settings.fileName()))
+        return Layout::Missing;
+    bool isNumber = false;
+    const int version = settings.value(SettingsKeys::SettingsVersion).toString().trimmed().toInt(&isNumber);
+    if (!isNumber || version < 1)
+        return Layout::Discard;
+    if (version == 1)
+        return Layout::Upgrade;
+    return Layout::Current;
+}
+
+void ZelSettingsFile::Upgrade(QSettings& settings)
+{
+    settings.setValue(SettingsKeys::SettingsVersion, QString::number(SettingsLayoutVersion));
+    settings.setValue(SettingsKeys::Engine, QStringLiteral("deferred"));
+}
+
+bool ZelSettingsFile::KeepCopy(const QString& file, const QByteArray& bytes, QString& copy, QString& error)
+{
+    const QString stem = file + QLatin1Char('.') + QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
+    for (int attempt = 1; attempt < 1000; ++attempt) {
+        const QString candidate =
+            stem + (attempt == 1 ? QString() : QStringLiteral("-%1").arg(attempt)) + QStringLiteral(".bak");
+        QFile target(candidate);
+        // NewOnly: a copy made by an earlier start, or a file of the user's, is never replaced.
+        if (!target.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+            if (target.exists())
+                continue;
+            error = translated("A copy of \"%1\" could not be kept as \"%2\": %3")
+                        .arg(native(file), native(candidate), target.errorString());
+            return false;
+        }
+        if (target.write(bytes) != bytes.size() || !target.flush()) {
+            error = translated("A copy of \"%1\" could not be kept as \"%2\": %3")
+                        .arg(native(file), native(candidate), target.errorString());
+            target.close();
+            target.remove();
+            return false;
+        }
+        target.close();
+        copy = candidate;
+        return true;
+    }
+    error = translated("A copy of \"%1\" could not be kept: too many copies beside it.").arg(native(file));
+    return false;
+}
+
+bool ZelSettingsFile::SetAside(const QString& file, QString& copy, QString& error)
+{
+    QFile original(file);
+    if (!original.open(QIODevice::ReadOnly)) {
+        error = translated("\"%1\" could not be read: %2").arg(native(file), original.errorString());
+        return false;
+    }
+    const QByteArray bytes = original.readAll();
+    original.close();
+    if (!KeepCopy(file, bytes, copy, error))
+        return false;
+    if (original.remove())
+        return true;
+    error = translated("\"%1\" could not be removed: %2").arg(native(file), original.errorString());
+    QFile::remove(copy);
+    copy.clear();
+    return false;
+}
+
+FileProblem ZelSettingsFile::WriteProblem(const QString& file)
+{
+    const QFileInfo info(file);
+    const QString folder = info.absolutePath();
+    FileProblem problem;
+    if (info.isDir()) {
+        problem.text = translated("\"%1\" is a folder, not a settings file. Rename or move that folder so "
+                                  "that the settings can be saved there.")
+                           .arg(native(file));
+        problem.reason = systemReason(EISDIR);
+        return problem;
+    }
+    if (!QFileInfo(folder).isDir()) {
+        problem.text = translated("The folder \"%1\" does not exist.").arg(native(folder));
+        problem.reason = systemReason(ENOENT);
+        return problem;
+    }
+    if (info.exists() && !mayWrite(file, problem.reason)) {
+        problem.text = translated("The settings file \"%1\" is read-only. Allow writing to it to save your "
+                                  "settings.")
+                           .arg(native(file));
+        return problem;
+    }
+    // The file is replaced as a whole, through a new file written beside it.
+    if (!mayWrite(folder, problem.reason)) {
+        problem.text = translated("The settings folder \"%1\" is read-only. Allow writing to it to save your "
+                                  "settings.")
+                           .arg(native(folder));
+        return problem;
+    }
+    return problem;
+}
+
+QSettings::SettingsMap ZelSettingsFile::ReadValues(const QByteArray& bytes)
+{
+    return IniDocument(bytes).values();
+}
+
+bool ZelSettingsFile::PlanRepairs(const QSettings& settings, std::vector<SettingRepair>& repairs,
+                                  QStringList& missing, QString& error)
+{
+    repairs.clear();
+    missing.clear();
+    for (const auto& [key, entry] : ZelSettings::GetDefaultSettingsValues()) {
+        const auto& [defaultValue, validator] = entry;
+        const QString before = passText(settings, key);
+        QString after = before;
+        if (!validator(key, defaultValue, after, error))
+            return false;
+        if (!settings.contains(key))
+            missing.append(key);
+        else if (after != before)
+            repairs.push_back({key, before, after});
+    }
+    return true;
+}
+
+} // namespace zel
