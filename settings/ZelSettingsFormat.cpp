@@ -6,6 +6,9 @@
 #include <QFile>
 #include <QFileDevice>
 
+#include <cerrno>
+#include <cstring>
+
 namespace zel {
 
 namespace {
@@ -46,9 +49,12 @@ bool writeSettings(QIODevice& device, const QSettings::SettingsMap& map)
         qWarning("%s", qPrintable(error));
         return false;
     }
-    // Flushed here, while the reason of a full disk or a size limit can still be told.
+    // Flushed here, while the reason of a full disk or a size limit can still be told:
+    // after a short write Qt keeps no reason of its own, the system's is still in errno.
+    errno = 0;
     if (device.write(bytes) != bytes.size() || (target && !target->flush())) {
-        lastWriteError = device.errorString();
+        const int reason = errno;
+        lastWriteError = reason != 0 ? QString::fromLocal8Bit(std::strerror(reason)) : device.errorString();
         return false;
     }
     return true;
