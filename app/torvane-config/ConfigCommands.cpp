@@ -2,6 +2,7 @@
 
 #include "ConfigCommandLine.h"
 #include "ZelSettings.h"
+#include "ZelSettingsFile.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -13,10 +14,14 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
+#include <cerrno>
+#include <cstring>
 #include <iostream>
 #include <sstream>
 #include <utility>
 #include <vector>
+
+#include <sys/stat.h>
 
 namespace zel {
 
@@ -51,10 +56,37 @@ QString quoted(const QString& text)
     return QLatin1Char('\'') + text + QLatin1Char('\'');
 }
 
+QString systemReason(int error)
+{
+    return QString::fromLocal8Bit(std::strerror(error));
+}
+
+// Makes `folder` with its missing parents, as QDir::mkpath does, but keeps the
+// system's reason when it cannot.
+bool makeFolder(const QString& folder, QString& reason)
+{
+    const QFileInfo info(folder);
+    if (info.isDir())
+        return true;
+    const QString parent = info.absolutePath();
+    if (parent != info.absoluteFilePath() && !makeFolder(parent, reason))
+        return false;
+    if (::mkdir(QFile::encodeName(folder).constData(), 0777) == 0 || (errno == EEXIST && QFileInfo(folder).isDir()))
+        return true;
+    reason = systemReason(errno);
+    return false;
+}
+
+QString problemText(const QString& file, const FileProblem& problem)
+{
+    return QStringLiteral("cannot write %1: %2. %3").arg(file, problem.reason, problem.text);
+}
+
 } // namespace
 
-ConfigCommands::ConfigCommands(const QString& settingsFile)
+ConfigCommands::ConfigCommands(const QString& settingsFile, bool makeFolder)
     : m_file(QFileInfo(settingsFile).absoluteFilePath())
+    , m_makeFolder(makeFolder)
     , m_out(stdout)
     , m_err(stderr)
 {
@@ -68,9 +100,10 @@ int ConfigCommands::path()
 
 int ConfigCommands::list(bool json)
 {
-    QSettings settings(m_file, ZelSettings::SettingsFormat());
-    if (!open(settings))
+    std::optional<QByteArray> bytes;
+    if (!read(bytes))
         return ExitFileError;
+    const QSettings settings(m_file, ZelSettings::SettingsFormat());
     const QStringList registered = registeredKeys();
     QStringList unused;
     for (const QString& key : settings.allKeys()) {
@@ -123,9 +156,10 @@ int ConfigCommands::list(bool json)
 
 int ConfigCommands::get(const QString& key)
 {
-    const QSettings settings(m_file, ZelSettings::SettingsFormat());
-    if (!open(settings))
+    std::optional<QByteArray> bytes;
+    if (!read(bytes))
         return ExitFileError;
+    const QSettings settings(m_file, ZelSettings::SettingsFormat());
     if (!isRegistered(key) && !settings.contains(key))
         return unknownKey(key, registeredKeys() + settings.allKeys());
     m_out << ZelSettings::GetSettingText(settings, key) << Qt::endl;
@@ -158,46 +192,48 @@ int ConfigCommands::set(const QString& key, const QString& value)
         return ExitRefused;
     }
 
-    QSettings settings(m_file, ZelSettings::SettingsFormat());
-    if (!open(settings))
+    std::optional<QByteArray> bytes;
+    if (!read(bytes))
         return ExitFileError;
+    if (!writable())
+        return ExitFileError;
+    QSettings settings(m_file, ZelSettings::SettingsFormat());
     settings.setValue(key, value);
     return saved(settings);
 }
 
 int ConfigCommands::reset(const QStringList& keys)
 {
-    QSettings settings(m_file, ZelSettings::SettingsFormat());
-    if (!open(settings))
+    std::optional<QByteArray> bytes;
+    if (!read(bytes))
         return ExitFileError;
+    QSettings settings(m_file, ZelSettings::SettingsFormat());
     const QStringList registered = registeredKeys();
     for (const QString& key : keys) {
         if (!isRegistered(key) && !settings.contains(key))
             return unknownKey(key, registered + settings.allKeys());
     }
     // Only stored keys are removed: a file with none of them is left untouched.
-    bool removed = false;
+    QStringList stored;
     for (const QString& key : keys.isEmpty() ? registered : keys) {
-        if (settings.contains(key)) {
-            settings.remove(key);
-            removed = true;
-        }
+        if (settings.contains(key))
+            stored.append(key);
     }
-    return removed ? saved(settings) : ExitDone;
+    if (stored.isEmpty())
+        return ExitDone;
+    if (!writable())
+        return ExitFileError;
+    for (const QString& key : stored)
+        settings.remove(key);
+    return saved(settings);
 }
 
 int ConfigCommands::check(bool fix)
 {
-    QByteArray original;
-    QFile file(m_file);
-    if (file.exists()) {
-        if (!file.open(QIODevice::ReadOnly)) {
-            m_err << QStringLiteral("torvane-config: cannot read %1: %2").arg(m_file, file.errorString()) << Qt::endl;
-            return ExitFileError;
-        }
-        original = file.readAll();
-        file.close();
-    }
+    std::optional<QByteArray> bytes;
+    if (!read(bytes))
+        return ExitFileError;
+    const QByteArray original = bytes.value_or(QByteArray());
 
     // The pass runs on a copy: it writes every key it visits, and on a failing
     // validator it would leave the keys before it half done.
@@ -210,8 +246,6 @@ int ConfigCommands::check(bool fix)
         return ExitFileError;
     }
     QSettings copy(copyPath, ZelSettings::SettingsFormat());
-    if (!open(copy))
-        return ExitFileError;
 
     // Keys absent from the file take their defaults; only stored values get repaired.
     QMap<QString, QString> before;
@@ -244,11 +278,9 @@ int ConfigCommands::check(bool fix)
     if (!fix)
         return ExitRefused;
 
-    if (!writeBackup(original))
+    if (!writable() || !writeBackup(original))
         return ExitFileError;
     QSettings settings(m_file, ZelSettings::SettingsFormat());
-    if (!open(settings))
-        return ExitFileError;
     for (const auto& [key, value] : repairs)
         settings.setValue(key, value);
     const int result = saved(settings);
@@ -260,11 +292,42 @@ int ConfigCommands::check(bool fix)
     return result;
 }
 
-bool ConfigCommands::open(const QSettings& settings)
+bool ConfigCommands::read(std::optional<QByteArray>& bytes)
 {
-    if (settings.status() == QSettings::NoError)
+    bytes.reset();
+    const QFileInfo info(m_file);
+    if (!info.exists())
         return true;
-    m_err << QStringLiteral("torvane-config: cannot read %1").arg(settings.fileName()) << Qt::endl;
+    QString reason;
+    if (info.isDir()) {
+        reason = systemReason(EISDIR);
+    } else {
+        QFile file(m_file);
+        if (file.open(QIODevice::ReadOnly)) {
+            bytes = file.readAll();
+            return true;
+        }
+        reason = file.errorString();
+    }
+    m_err << QStringLiteral("torvane-config: cannot read %1: %2").arg(m_file, reason) << Qt::endl;
+    return false;
+}
+
+bool ConfigCommands::writable()
+{
+    // The editor makes its own settings folder; a folder named with --file is the
+    // caller's to make, and one that is missing is most likely a typo.
+    QString reason;
+    const QString folder = QFileInfo(m_file).absolutePath();
+    if (m_makeFolder && !makeFolder(folder, reason)) {
+        m_err << QStringLiteral("torvane-config: cannot make the settings folder %1: %2").arg(folder, reason)
+              << Qt::endl;
+        return false;
+    }
+    const FileProblem problem = ZelSettingsFile::WriteProblem(m_file);
+    if (problem.isNull())
+        return true;
+    m_err << QStringLiteral("torvane-config: ") << problemText(m_file, problem) << Qt::endl;
     return false;
 }
 
@@ -289,7 +352,18 @@ int ConfigCommands::saved(QSettings& settings)
     // Our reader reports no format error: a line it cannot read is kept as it is.
     if (settings.status() != QSettings::AccessError)
         return ExitDone;
-    m_err << QStringLiteral("torvane-config: cannot write %1").arg(m_file) << Qt::endl;
+    // The format keeps the system's reason when the new file could not be written;
+    // a lock or a rename that failed leave none, and the file's surroundings tell.
+    const QString reason = ZelSettingsFile::LastWriteError();
+    const FileProblem problem = ZelSettingsFile::WriteProblem(m_file);
+    m_err << QStringLiteral("torvane-config: ");
+    if (!reason.isEmpty())
+        m_err << QStringLiteral("cannot write %1: %2").arg(m_file, reason);
+    else if (!problem.isNull())
+        m_err << problemText(m_file, problem);
+    else
+        m_err << QStringLiteral("cannot write %1").arg(m_file);
+    m_err << Qt::endl;
     return ExitFileError;
 }
 

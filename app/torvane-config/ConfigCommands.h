@@ -1,8 +1,11 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 #include <QTextStream>
+
+#include <optional>
 
 class QSettings;
 
@@ -23,7 +26,9 @@ enum ConfigExit {
 class ConfigCommands
 {
 public:
-    explicit ConfigCommands(const QString& settingsFile);
+    // `makeFolder`: the file is the editor's own, whose folder a write may create as the
+    // editor does. Any other file's folder must exist.
+    ConfigCommands(const QString& settingsFile, bool makeFolder);
 
     int path();
     int list(bool json);
@@ -36,8 +41,11 @@ public:
 private:
     Q_DISABLE_COPY_MOVE(ConfigCommands)
 
-    // False, with the message given, when `settings` could not read its file.
-    bool open(const QSettings& settings);
+    // The file's bytes, none when there is no file. False, with the message given, when
+    // it cannot be read.
+    bool read(std::optional<QByteArray>& bytes);
+    // False, with the message given, when the file cannot be written.
+    bool writable();
     bool isRegistered(const QString& key) const;
     // Exit code 2, with a suggestion when a key of `known` is close to `key`.
     int unknownKey(const QString& key, const QStringList& known);
@@ -45,6 +53,7 @@ private:
     bool writeBackup(const QByteArray& contents);
 
     QString m_file;
+    bool m_makeFolder = false;
     QTextStream m_out;
     QTextStream m_err;
 };

@@ -16,8 +16,9 @@ namespace {
 
 int run(const ConfigRequest& request)
 {
-    ConfigCommands commands(request.file.isEmpty() ? ZelSettings::GetSettingsFile(ZelSettings::GetApplicationName())
-                                                   : request.file);
+    const bool editorsFile = request.file.isEmpty();
+    ConfigCommands commands(editorsFile ? ZelSettings::GetSettingsFile(ZelSettings::GetApplicationName()) : request.file,
+                            editorsFile);
     const QString& command = request.command;
     if (command == QLatin1String("path"))
         return commands.path();

@@ -4,14 +4,25 @@
 #include "TestHome.h"
 #include "ZelSettings.h"
 
+#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <functional>
+
+#include <grp.h>
+#include <pwd.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using CC = zel::ZelSettings;
 
@@ -24,14 +35,18 @@ struct Result
     QString err;
 };
 
-// Runs torvane-config with `arguments`; `environment` entries override the test's own.
-Result run(const QStringList& arguments, const QStringList& environment = {})
+// Runs torvane-config with `arguments`; `environment` entries override the test's own,
+// `inChild` runs in the child before torvane-config starts.
+Result run(const QStringList& arguments, const QStringList& environment = {},
+           const std::function<void()>& inChild = {})
 {
     QProcess process;
     QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
     for (const QString& entry : environment)
         variables.insert(entry.section('=', 0, 0), entry.section('=', 1));
     process.setProcessEnvironment(variables);
+    if (inChild)
+        process.setChildProcessModifier(inChild);
     process.start(TORVANE_CONFIG, arguments);
     if (!process.waitForFinished(30000) || process.exitStatus() != QProcess::NormalExit)
         return {};
@@ -43,6 +58,23 @@ bool writeBytes(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+// Root passes every permission bit: its child becomes "nobody" so that they hold.
+// Null when running as root without that user.
+std::function<void()> asUserBoundByPermissions()
+{
+    if (::geteuid() != 0)
+        return [] {};
+    const passwd* nobody = ::getpwnam("nobody");
+    if (!nobody)
+        return {};
+    const uid_t uid = nobody->pw_uid;
+    const gid_t gid = nobody->pw_gid;
+    return [uid, gid] {
+        if (::setgroups(0, nullptr) != 0 || ::setgid(gid) != 0 || ::setuid(uid) != 0)
+            ::_exit(127);
+    };
 }
 
 // The file as the editor's pass leaves it.
@@ -82,6 +114,11 @@ private Q_SLOTS:
     void checkAndFix();
     void failingValidator();
     void editorOpenAtTheSameTime();
+    void fileProblems_data();
+    void fileProblems();
+    void permissions_data();
+    void permissions();
+    void writeFailsMidway();
     void completion();
 
 private:
@@ -97,6 +134,7 @@ void TorvaneConfigTest::init()
     QVERIFY(m_home.isValid() && m_folder.isValid());
     for (const QString& path : {iniPath(), iniPath() + ".bak"})
         QFile::remove(path);
+    QDir(iniPath()).removeRecursively();
 }
 
 void TorvaneConfigTest::usageErrors_data()
@@ -286,6 +324,106 @@ void TorvaneConfigTest::editorOpenAtTheSameTime()
     QCOMPARE(editor.value("enablediag").toString(), "true");
     QCOMPARE(iniValues(iniPath()),
              QVariantMap({{"engine", "deferred"}, {"enablediag", "true"}, {"language", "fr"}}));
+}
+
+void TorvaneConfigTest::fileProblems_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("reason");
+
+    QTest::newRow("folder missing") << "missing/deeper/Settings.ini" << "No such file or directory";
+    QTest::newRow("folder in its place") << "Settings.ini/" << "Is a directory";
+}
+
+void TorvaneConfigTest::fileProblems()
+{
+    QFETCH(QString, file);
+    QFETCH(QString, reason);
+    QVERIFY(QDir(m_folder.path()).mkpath("Settings.ini"));
+    const QStringList before = QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+
+    const Result result = run({"--file", m_folder.filePath(file), "set", "engine", "software"});
+    QCOMPARE(result.exitCode, 4);
+    QVERIFY2(result.err.contains(": " + reason), qPrintable(result.err));
+    QCOMPARE(result.err.count('\n'), 1);
+    // Not a folder made, not a file put anywhere.
+    QCOMPARE(QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), before);
+    QCOMPARE(QDir(iniPath()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
+}
+
+void TorvaneConfigTest::permissions_data()
+{
+    QTest::addColumn<int>("fileMode"); // -1: no file
+    QTest::addColumn<QStringList>("arguments"); // FILE stands for the file
+    QTest::addColumn<QString>("error");
+
+    const QString denied = "Permission denied";
+    QTest::newRow("read-only file") << 0444 << QStringList {"--file", "FILE", "set", "engine", "software"}
+                                    << "cannot write FILE: " + denied;
+    QTest::newRow("read-only folder") << 0666 << QStringList {"--file", "FILE", "reset", "--all"}
+                                      << "cannot write FILE: " + denied;
+    QTest::newRow("unreadable file") << 0 << QStringList {"--file", "FILE", "get", "engine"}
+                                     << "cannot read FILE: " + denied;
+    QTest::newRow("settings folder cannot be made") << -1 << QStringList {"set", "engine", "software"}
+                                                    << "cannot make the settings folder FOLDER/TorvaneBoundlessX64: "
+                                                           + denied;
+}
+
+void TorvaneConfigTest::permissions()
+{
+    QFETCH(int, fileMode);
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, error);
+    const std::function<void()> boundUser = asUserBoundByPermissions();
+    if (!boundUser)
+        QSKIP("Running as root without a 'nobody' user: root would pass every permission bit.");
+
+    // The folder holds the file; the child may write neither the folder nor what the
+    // row forbids, and reaches both.
+    const QString folder = m_folder.filePath("locked");
+    const QString file = folder + "/Settings.ini";
+    const QByteArray bytes = "settingsVersion=2\nengine=deferred\n";
+    QVERIFY(QDir().mkpath(folder));
+    if (fileMode >= 0) {
+        QVERIFY(writeBytes(file, bytes));
+        QVERIFY(::chmod(QFile::encodeName(file), mode_t(fileMode)) == 0);
+    }
+    for (const QString& path : {m_home.path(), m_home.tempPath(), m_folder.path()})
+        QVERIFY(::chmod(QFile::encodeName(path), 0755) == 0);
+    QVERIFY(::chmod(QFile::encodeName(folder), 0555) == 0);
+    const auto unlock = qScopeGuard([&] {
+        ::chmod(QFile::encodeName(folder), 0755);
+        QDir(folder).removeRecursively();
+    });
+
+    arguments.replaceInStrings("FILE", file);
+    const Result result = run(arguments, {"XDG_CONFIG_HOME=" + folder}, boundUser);
+    QCOMPARE(result.exitCode, 4);
+    QVERIFY2(result.err.startsWith("torvane-config: " + QString(error).replace("FILE", file).replace("FOLDER", folder)),
+             qPrintable(result.err));
+    QCOMPARE(result.err.count('\n'), 1);
+    QCOMPARE(fileBytes(file), fileMode >= 0 ? bytes : QByteArray());
+    QCOMPARE(QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+             fileMode >= 0 ? QStringList {"Settings.ini"} : QStringList());
+}
+
+void TorvaneConfigTest::writeFailsMidway()
+{
+    // The new file is written beside the old one; a size limit stops it half-way.
+    QByteArray bytes = "settingsVersion=2\n[Notes]\n";
+    for (int line = 0; line < 40; ++line)
+        bytes += "line" + QByteArray::number(line) + '=' + QByteArray(40, 'x') + '\n';
+    QVERIFY(writeBytes(iniPath(), bytes));
+    const QStringList entries = QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    const Result result = run(onFile({"set", "engine", "software"}), {}, [] {
+        ::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit {1024, 1024};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    });
+    QCOMPARE(result.exitCode, 4);
+    QCOMPARE(result.err, "torvane-config: cannot write " + iniPath() + ": File too large\n");
+    QCOMPARE(fileBytes(iniPath()), bytes);
+    QCOMPARE(QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), entries);
 }
 
 void TorvaneConfigTest::completion()
