@@ -21,34 +21,50 @@ bool isBlank(char c)
     return c == ' ' || c == '\t';
 }
 
-QByteArrayView trimmed(QByteArrayView text)
+// Qt trims keys and section names of every ASCII space, not only of blanks.
+bool isSpace(char c)
 {
-    while (!text.isEmpty() && isBlank(text.front()))
+    return isBlank(c) || c == '\v' || c == '\f' || c == '\r' || c == '\n';
+}
+
+QByteArrayView trimmed(QByteArrayView text, bool (*space)(char) = isBlank)
+{
+    while (!text.isEmpty() && space(text.front()))
         text = text.sliced(1);
-    while (!text.isEmpty() && isBlank(text.back()))
+    while (!text.isEmpty() && space(text.back()))
         text.chop(1);
     return text;
 }
 
+bool isGeneral(QByteArrayView name)
+{
+    return qstrnicmp(name.data(), name.size(), "general", 7) == 0;
+}
+
+// Qt's reader takes "general" in any case as the root group, and a "%" before it as a
+// group named by the rest, taken literally.
 QString groupOf(QByteArrayView name)
 {
-    // Qt's own names for the root group and for a group called "General".
-    if (name == "General")
+    name = trimmed(name, isSpace);
+    if (isGeneral(name))
         return QString();
-    if (name == "%General")
-        return QStringLiteral("General");
+    if (name.startsWith('%') && isGeneral(name.sliced(1)))
+        return QString::fromLatin1(name.sliced(1));
     return IniText::readKey(name);
 }
 
 void appendSectionHeader(const QString& group, QByteArray& out)
 {
     out.append('[');
-    if (group.isEmpty())
+    if (group.isEmpty()) {
         out.append("General");
-    else if (group == QLatin1String("General"))
-        out.append("%General");
-    else
+    } else if (const QByteArray name = group.toUtf8(); isGeneral(name)) {
+        // Qt's writer spells every case "%General", which reads back as another group.
+        out.append('%');
+        out.append(name);
+    } else {
         IniText::writeKey(group, out);
+    }
     out.append(']');
 }
 
@@ -87,13 +103,13 @@ void IniDocument::parseLine(qsizetype begin, qsizetype end)
     if (text.front() == '[') {
         const qsizetype close = text.indexOf(']');
         const QByteArrayView name = text.sliced(1, (close < 0 ? text.size() : close) - 1);
-        m_sections.push_back({groupOf(trimmed(name)), line});
+        m_sections.push_back({groupOf(name), line});
         return;
     }
     const qsizetype equals = text.indexOf('=');
     if (equals < 0)
         return;
-    const QString key = IniText::readKey(trimmed(text.first(equals)));
+    const QString key = IniText::readKey(trimmed(text.first(equals), isSpace));
     if (key.isEmpty())
         return;
     Section& section = m_sections.back();

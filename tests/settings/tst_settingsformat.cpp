@@ -48,6 +48,9 @@ private Q_SLOTS:
     void init();
     void handEditedFileKeepsEveryByte();
     void newKeysJoinTheirGroup();
+    void rootSectionInAnyCase_data();
+    void rootSectionInAnyCase();
+    void newKeysBesideGeneralInAnyCase();
     void sharedWithQtsOwnFormat_data();
     void sharedWithQtsOwnFormat();
     void hostileValuesStayText();
@@ -128,6 +131,47 @@ void SettingsFormatTest::newKeysJoinTheirGroup()
     QCOMPARE(fileBytes(path), "top=1\nfirst=2\n\n[Display]\nengine=software\nquality=high\n; effects below\n\n"
                               "[Display/effects]\nfxaa=true\nssao=false\n\n[%General]\nx=y\n\n"
                               "[Logging]\nlevel=3\nlogFile=/tmp/log.txt\n");
+}
+
+void SettingsFormatTest::rootSectionInAnyCase_data()
+{
+    QTest::addColumn<QByteArray>("contents");
+    QTest::addColumn<QStringList>("keys"); // as Qt's reader lists them
+    QTest::newRow("lower case") << QByteArray("[general]\nk=1\n") << QStringList({"k"});
+    QTest::newRow("mixed case") << QByteArray("[GeNeral]\nk=1\n[a]\nj=2\n") << QStringList({"a/j", "k"});
+    QTest::newRow("blanks around") << QByteArray("[ \tGENERAL\v\f]\nk=1\n") << QStringList({"k"});
+    QTest::newRow("percent, any case") << QByteArray("[%GeNeral]\nk=1\n") << QStringList({"GeNeral/k"});
+    QTest::newRow("percent, blanks around") << QByteArray("[ %general\t]\nk=1\n") << QStringList({"general/k"});
+    QTest::newRow("escaped letter") << QByteArray("[%47eneral]\nk=1\n") << QStringList({"General/k"});
+    QTest::newRow("escaped percent") << QByteArray("[%25general]\nk=1\n") << QStringList({"%general/k"});
+    QTest::newRow("blank after percent") << QByteArray("[% general]\nk=1\n") << QStringList({"% general/k"});
+    QTest::newRow("subgroup") << QByteArray("[general\\x]\nk=1\n") << QStringList({"general/x/k"});
+    QTest::newRow("blanks around a key") << QByteArray("[a]\n \v\fk\v\t=1\n") << QStringList({"a/k"});
+}
+
+void SettingsFormatTest::rootSectionInAnyCase()
+{
+    QFETCH(QByteArray, contents);
+    QFETCH(QStringList, keys);
+    // Both programs sharing the file see the same keys.
+    QCOMPARE(QSettings(fileWith(contents), QSettings::IniFormat).allKeys(), keys);
+    QCOMPARE(QSettings(fileWith(contents), CC::SettingsFormat()).allKeys(), keys);
+}
+
+void SettingsFormatTest::newKeysBesideGeneralInAnyCase()
+{
+    const QString path = fileWith("[GeNeral]\nk=1\n\n[%general]\nj=2\n");
+    {
+        QSettings settings(path, CC::SettingsFormat());
+        settings.setValue("x", "3");
+        settings.setValue("general/y", "4");
+        settings.setValue("GENERAL/z", "5");
+        settings.setValue("a/general/w", "6");
+    }
+    const QByteArray written = fileBytes(path);
+    QCOMPARE(written, "[GeNeral]\nk=1\nx=3\n\n[%general]\nj=2\ny=4\n\n[%GENERAL]\nz=5\n\n[a]\ngeneral\\w=6\n");
+    const QStringList keys({"GENERAL/z", "a/general/w", "general/j", "general/y", "k", "x"});
+    QCOMPARE(QSettings(fileWith(written), QSettings::IniFormat).allKeys(), keys);
 }
 
 void SettingsFormatTest::sharedWithQtsOwnFormat_data()
