@@ -3,6 +3,7 @@
 #include "ConfigCommandLine.h"
 #include "ZelSettings.h"
 #include "ZelSettingsFile.h"
+#include "ZelSettingsKeys.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -80,6 +81,44 @@ bool makeFolder(const QString& folder, QString& reason)
 QString problemText(const QString& file, const FileProblem& problem)
 {
     return QStringLiteral("cannot write %1: %2. %3").arg(file, problem.reason, problem.text);
+}
+
+// Why the editor's next start sets `file` aside.
+QString setAsideReason(const QString& file, const QSettings& settings)
+{
+    const QString version = settings.contains(SettingsKeys::SettingsVersion)
+        ? QStringLiteral("has an unknown settings version %1")
+              .arg(quoted(ZelSettings::GetSettingText(settings, SettingsKeys::SettingsVersion)))
+        : QStringLiteral("has no settings version");
+    return QStringLiteral("%1 %2: the settings editor sets it aside at its next start").arg(file, version);
+}
+
+// Every value of `settings` as the pass reads it, registered keys included.
+QMap<QString, QString> settingTexts(const QSettings& settings)
+{
+    QMap<QString, QString> texts;
+    for (const QString& key : registeredKeys() + settings.allKeys())
+        texts.insert(key, ZelSettings::GetSettingText(settings, key));
+    return texts;
+}
+
+QString change(const QString& key, const QString& before, const QString& after)
+{
+    return QStringLiteral("%1: %2 -> %3").arg(key, quoted(before), quoted(after));
+}
+
+// Upgrades a version-1 `settings` as the editor does; what it changed, one line a key.
+QStringList upgrade(QSettings& settings)
+{
+    const QMap<QString, QString> before = settingTexts(settings);
+    ZelSettingsFile::Upgrade(settings);
+    const QMap<QString, QString> after = settingTexts(settings);
+    QStringList changes;
+    for (auto it = after.cbegin(); it != after.cend(); ++it) {
+        if (before.value(it.key()) != it.value())
+            changes.append(change(it.key(), before.value(it.key()), it.value()));
+    }
+    return changes;
 }
 
 } // namespace
@@ -195,9 +234,10 @@ int ConfigCommands::set(const QString& key, const QString& value)
     std::optional<QByteArray> bytes;
     if (!read(bytes))
         return ExitFileError;
-    if (!writable())
-        return ExitFileError;
     QSettings settings(m_file, ZelSettings::SettingsFormat());
+    const int ready = beginChange(settings, bytes);
+    if (ready != ExitDone)
+        return ready;
     settings.setValue(key, value);
     return saved(settings);
 }
@@ -213,16 +253,25 @@ int ConfigCommands::reset(const QStringList& keys)
         if (!isRegistered(key) && !settings.contains(key))
             return unknownKey(key, registered + settings.allKeys());
     }
+    // Without its version the editor would set the whole file aside.
+    if (keys.contains(SettingsKeys::SettingsVersion)) {
+        m_err << QStringLiteral("torvane-config: refused: %1 is the layout version of the file, which the settings "
+                                "editor needs; it is never reset")
+                     .arg(SettingsKeys::SettingsVersion)
+              << Qt::endl;
+        return ExitRefused;
+    }
     // Only stored keys are removed: a file with none of them is left untouched.
     QStringList stored;
     for (const QString& key : keys.isEmpty() ? registered : keys) {
-        if (settings.contains(key))
+        if (key != SettingsKeys::SettingsVersion && settings.contains(key))
             stored.append(key);
     }
     if (stored.isEmpty())
         return ExitDone;
-    if (!writable())
-        return ExitFileError;
+    const int ready = beginChange(settings, bytes);
+    if (ready != ExitDone)
+        return ready;
     for (const QString& key : stored)
         settings.remove(key);
     return saved(settings);
@@ -313,6 +362,32 @@ bool ConfigCommands::read(std::optional<QByteArray>& bytes)
     return false;
 }
 
+int ConfigCommands::beginChange(QSettings& settings, const std::optional<QByteArray>& bytes)
+{
+    const ZelSettingsFile::Layout layout = ZelSettingsFile::InspectLayout(settings);
+    if (layout == ZelSettingsFile::Layout::Discard) {
+        m_err << QStringLiteral("torvane-config: %1; run %2 to do it now, keeping a copy")
+                     .arg(setAsideReason(m_file, settings), quoted(command(QStringLiteral("check --fix"))))
+              << Qt::endl;
+        return ExitRefused;
+    }
+    if (!writable())
+        return ExitFileError;
+    if (layout == ZelSettingsFile::Layout::Missing) {
+        settings.setValue(SettingsKeys::SettingsVersion, QString::number(ZelSettingsFile::CurrentVersion()));
+    } else if (layout == ZelSettingsFile::Layout::Upgrade) {
+        QString error;
+        if (!ZelSettingsFile::KeepCopy(m_file, bytes.value_or(QByteArray()), m_copy, error)) {
+            m_err << QStringLiteral("torvane-config: ") << error << Qt::endl;
+            return ExitFileError;
+        }
+        m_upgraded = QStringLiteral("torvane-config: %1 had settings version 1 and is upgraded as the settings "
+                                    "editor does (%2); the previous file is kept as %3")
+                         .arg(m_file, upgrade(settings).join(QStringLiteral(", ")), m_copy);
+    }
+    return ExitDone;
+}
+
 bool ConfigCommands::writable()
 {
     // The editor makes its own settings folder; a folder named with --file is the
@@ -350,8 +425,11 @@ int ConfigCommands::saved(QSettings& settings)
 {
     settings.sync();
     // Our reader reports no format error: a line it cannot read is kept as it is.
-    if (settings.status() != QSettings::AccessError)
+    if (settings.status() != QSettings::AccessError) {
+        if (!m_upgraded.isEmpty())
+            m_err << m_upgraded << Qt::endl;
         return ExitDone;
+    }
     // The format keeps the system's reason when the new file could not be written;
     // a lock or a rename that failed leave none, and the file's surroundings tell.
     const QString reason = ZelSettingsFile::LastWriteError();
@@ -363,8 +441,16 @@ int ConfigCommands::saved(QSettings& settings)
         m_err << problemText(m_file, problem);
     else
         m_err << QStringLiteral("cannot write %1").arg(m_file);
+    if (!m_copy.isEmpty())
+        m_err << QStringLiteral("; the previous file is kept as %1").arg(m_copy);
     m_err << Qt::endl;
     return ExitFileError;
+}
+
+QString ConfigCommands::command(const QString& arguments) const
+{
+    return m_makeFolder ? QStringLiteral("torvane-config ") + arguments
+                        : QStringLiteral("torvane-config --file %1 %2").arg(m_file, arguments);
 }
 
 bool ConfigCommands::writeBackup(const QByteArray& contents)

@@ -21,8 +21,9 @@ enum ConfigExit {
 };
 
 // The commands of torvane-config on one settings file, through the keys, defaults and
-// validators registered in ZelSettings. Results go to standard output, errors to
-// standard error; each command returns its exit code and writes nothing on an error.
+// validators registered in ZelSettings and the file rules of ZelSettingsFile, so that
+// the editor's next start neither sets aside nor migrates what the tool wrote. Results
+// go to standard output, errors to standard error; each command returns its exit code.
 class ConfigCommands
 {
 public:
@@ -44,16 +45,26 @@ private:
     // The file's bytes, none when there is no file. False, with the message given, when
     // it cannot be read.
     bool read(std::optional<QByteArray>& bytes);
+    // Before a change to `settings`: refuses a file the editor would set aside, says why
+    // the file cannot be written, stamps a new file with the layout version and upgrades
+    // a version-1 one, a copy kept first. ExitDone when the change may go ahead.
+    int beginChange(QSettings& settings, const std::optional<QByteArray>& bytes);
     // False, with the message given, when the file cannot be written.
     bool writable();
     bool isRegistered(const QString& key) const;
     // Exit code 2, with a suggestion when a key of `known` is close to `key`.
     int unknownKey(const QString& key, const QStringList& known);
+    // Syncs `settings`; says what was upgraded once it is written, why it was not otherwise.
     int saved(QSettings& settings);
+    // This tool's command line for `arguments` on the same file.
+    QString command(const QString& arguments) const;
     bool writeBackup(const QByteArray& contents);
 
     QString m_file;
     bool m_makeFolder = false;
+    // The copy this run kept of the file, and what the upgrade changed.
+    QString m_copy;
+    QString m_upgraded;
     QTextStream m_out;
     QTextStream m_err;
 };

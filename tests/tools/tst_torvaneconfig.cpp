@@ -3,6 +3,7 @@
 #include "SettingsFiles.h"
 #include "TestHome.h"
 #include "ZelSettings.h"
+#include "ZelSettingsFile.h"
 
 #include <QDir>
 #include <QFile>
@@ -25,6 +26,7 @@
 #include <unistd.h>
 
 using CC = zel::ZelSettings;
+using zel::ZelSettingsFile;
 
 namespace {
 
@@ -111,6 +113,11 @@ private Q_SLOTS:
     void set_data();
     void set();
     void setAndResetKeepTheRest();
+    void newFileIsCurrent();
+    void unversionedFileIsRefused_data();
+    void unversionedFileIsRefused();
+    void versionOneIsUpgraded();
+    void resetAllKeepsTheLayout();
     void checkAndFix();
     void failingValidator();
     void editorOpenAtTheSameTime();
@@ -124,6 +131,12 @@ private Q_SLOTS:
 private:
     QStringList onFile(const QStringList& arguments) const { return QStringList {"--file", iniPath()} + arguments; }
     QString iniPath() const { return m_folder.filePath("Settings.ini"); }
+    QString editorsFile() const { return m_home.configPath() + "/TorvaneBoundlessX64/Settings.ini"; }
+    // The copies kept beside the file, oldest first.
+    QStringList copies() const
+    {
+        return QDir(m_folder.path()).entryList({"Settings.ini.*.bak"}, QDir::Files, QDir::Name);
+    }
 
     TestHome m_home;
     QTemporaryDir m_folder;
@@ -132,9 +145,10 @@ private:
 void TorvaneConfigTest::init()
 {
     QVERIFY(m_home.isValid() && m_folder.isValid());
-    for (const QString& path : {iniPath(), iniPath() + ".bak"})
-        QFile::remove(path);
+    for (const QString& name : QDir(m_folder.path()).entryList({"Settings.ini*"}, QDir::Files))
+        QFile::remove(m_folder.filePath(name));
     QDir(iniPath()).removeRecursively();
+    QFile::remove(editorsFile());
 }
 
 void TorvaneConfigTest::usageErrors_data()
@@ -221,12 +235,12 @@ void TorvaneConfigTest::set()
     QFETCH(QString, key);
     QFETCH(QString, value);
     QFETCH(QString, stored);
-    QVERIFY(writeBytes(iniPath(), "language=fr\n"));
+    QVERIFY(writeBytes(iniPath(), "settingsVersion=2\nlanguage=fr\n"));
     const Result result = run(onFile({"set", key, value}));
     if (stored != value) {
         QCOMPARE(result.exitCode, 1);
         QVERIFY2(result.err.contains("would store '" + stored + "'"), qPrintable(result.err));
-        QCOMPARE(fileBytes(iniPath()), "language=fr\n");
+        QCOMPARE(fileBytes(iniPath()), "settingsVersion=2\nlanguage=fr\n");
         return;
     }
     QCOMPARE(result.exitCode, 0);
@@ -252,15 +266,104 @@ void TorvaneConfigTest::setAndResetKeepTheRest()
     QCOMPARE(iniValues(iniPath()), expected);
 
     QCOMPARE(run(onFile({"reset", "--all"})).exitCode, 0);
-    for (const QString key : {"engine", "settingsVersion", "debuglogtypeblacklist", "Resources/LODTrianglesCap"})
+    for (const QString key : {"engine", "debuglogtypeblacklist", "Resources/LODTrianglesCap"})
         expected.remove(key);
     QCOMPARE(iniValues(iniPath()), expected);
-    QCOMPARE(expected.keys(), QStringList({"Caf\u00e9/Men\u00fc", "recentFiles"}));
+    QCOMPARE(expected.keys(), QStringList({"Caf\u00e9/Men\u00fc", "recentFiles", "settingsVersion"}));
 
     // Nothing stored: nothing written, not even an empty file.
     QVERIFY(QFile::remove(iniPath()));
     QCOMPARE(run(onFile({"reset", "--all"})).exitCode, 0);
     QVERIFY(!QFile::exists(iniPath()));
+}
+
+void TorvaneConfigTest::newFileIsCurrent()
+{
+    // A new account: the editor's next start must take the file as its own.
+    const Result result = run({"set", "deferred/useSSAO", "false"});
+    QCOMPARE(result.exitCode, 0);
+    QCOMPARE(result.err, QString());
+    const QSettings written(editorsFile(), CC::SettingsFormat());
+    QCOMPARE(ZelSettingsFile::InspectLayout(written), ZelSettingsFile::Layout::Current);
+    QCOMPARE(written.value("settingsVersion").toString(), QString::number(ZelSettingsFile::CurrentVersion()));
+    QCOMPARE(written.value("deferred/useSSAO").toString(), "false");
+    QVERIFY(fileBytes(editorsFile()).endsWith('\n'));
+}
+
+void TorvaneConfigTest::unversionedFileIsRefused_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("reason");
+
+    const QString noVersion = " has no settings version: the settings editor sets it aside at its next start; ";
+    QTest::newRow("set, no version") << QByteArray("language=fr\nengine=software\n")
+                                     << QStringList {"set", "engine", "deferred"} << noVersion;
+    QTest::newRow("reset, no version") << QByteArray("[Resources]\nMaxGPUMemory=2147483648\n")
+                                       << QStringList {"reset", "--all"} << noVersion;
+    QTest::newRow("reset, version not a number")
+        << QByteArray("settingsVersion=two\nengine=software\n") << QStringList {"reset", "engine"}
+        << " has an unknown settings version 'two': the settings editor sets it aside at its next start; ";
+}
+
+void TorvaneConfigTest::unversionedFileIsRefused()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, reason);
+    QVERIFY(writeBytes(iniPath(), bytes));
+    const Result result = run(onFile(arguments));
+    QCOMPARE(result.exitCode, 1);
+    QVERIFY2(result.err.contains(iniPath() + reason), qPrintable(result.err));
+    QVERIFY2(result.err.contains("'torvane-config --file " + iniPath() + " check --fix'"), qPrintable(result.err));
+    QCOMPARE(fileBytes(iniPath()), bytes);
+    QCOMPARE(copies(), QStringList());
+}
+
+void TorvaneConfigTest::versionOneIsUpgraded()
+{
+    const QByteArray versionOne = "settingsVersion=1\nengine=software\nenablediag=false\n[Notes]\ntodo=keep me\n";
+    QVERIFY(writeBytes(iniPath(), versionOne));
+    // What the editor's own upgrade makes of it.
+    const QString editors = m_folder.filePath("editors.ini");
+    QVERIFY(writeBytes(editors, versionOne));
+    {
+        QSettings settings(editors, CC::SettingsFormat());
+        ZelSettingsFile::Upgrade(settings);
+        settings.setValue("enablediag", "true");
+    }
+
+    const Result result = run(onFile({"set", "enablediag", "true"}));
+    QCOMPARE(result.exitCode, 0);
+    QCOMPARE(iniValues(iniPath()), iniValues(editors));
+    QCOMPARE(copies().size(), 1);
+    const QString copy = m_folder.filePath(copies().first());
+    QCOMPARE(fileBytes(copy), versionOne);
+    QVERIFY2(result.err.contains("upgraded") && result.err.contains("engine: 'software' -> 'deferred'"),
+             qPrintable(result.err));
+    QVERIFY2(result.err.endsWith("the previous file is kept as " + copy + "\n"), qPrintable(result.err));
+    QVERIFY(QFile::remove(editors));
+}
+
+void TorvaneConfigTest::resetAllKeepsTheLayout()
+{
+    const QByteArray bytes = "settingsVersion=2\nengine=software\n[DBCache]\ncacheSize=100\n[deferred]\nuseSSAO=false\n"
+                             "[Notes]\ntodo=keep me";
+    QVERIFY(writeBytes(iniPath(), bytes));
+    const Result refused = run(onFile({"reset", "settingsVersion"}));
+    QCOMPARE(refused.exitCode, 1);
+    QCOMPARE(fileBytes(iniPath()), bytes);
+
+    QCOMPARE(run(onFile({"reset", "--all"})).exitCode, 0);
+    QCOMPARE(iniValues(iniPath()), QVariantMap({{"settingsVersion", "2"}, {"Notes/todo", "keep me"}}));
+    const QByteArray written = fileBytes(iniPath());
+    QVERIFY(written.endsWith('\n'));
+    // Every group left has a key.
+    const QList<QByteArray> lines = written.trimmed().split('\n');
+    for (qsizetype line = 0; line < lines.size(); ++line) {
+        if (lines.at(line).startsWith('['))
+            QVERIFY2(line + 1 < lines.size() && !lines.at(line + 1).startsWith('['), written.constData());
+    }
 }
 
 void TorvaneConfigTest::checkAndFix()
@@ -316,14 +419,14 @@ void TorvaneConfigTest::failingValidator()
 
 void TorvaneConfigTest::editorOpenAtTheSameTime()
 {
-    QVERIFY(writeBytes(iniPath(), "engine=deferred\n"));
+    QVERIFY(writeBytes(iniPath(), "settingsVersion=2\nengine=deferred\n"));
     QSettings editor(iniPath(), QSettings::IniFormat);
     editor.setValue("language", "fr"); // applied, not yet synced
     QCOMPARE(run(onFile({"set", "enablediag", "true"})).exitCode, 0);
     editor.sync();
     QCOMPARE(editor.value("enablediag").toString(), "true");
     QCOMPARE(iniValues(iniPath()),
-             QVariantMap({{"engine", "deferred"}, {"enablediag", "true"}, {"language", "fr"}}));
+             QVariantMap({{"settingsVersion", "2"}, {"engine", "deferred"}, {"enablediag", "true"}, {"language", "fr"}}));
 }
 
 void TorvaneConfigTest::fileProblems_data()
