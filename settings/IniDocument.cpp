@@ -103,7 +103,7 @@ void IniDocument::parseLine(qsizetype begin, qsizetype end)
     if (text.front() == '[') {
         const qsizetype close = text.indexOf(']');
         const QByteArrayView name = text.sliced(1, (close < 0 ? text.size() : close) - 1);
-        m_sections.push_back({groupOf(name), line});
+        m_sections.push_back({groupOf(name), line, line});
         return;
     }
     const qsizetype equals = text.indexOf('=');
@@ -116,6 +116,58 @@ void IniDocument::parseLine(qsizetype begin, qsizetype end)
     const qsizetype valueBegin = (text.constData() - m_bytes.constData()) + equals + 1;
     m_entries.push_back({section.group.isEmpty() ? key : section.group + QLatin1Char('/') + key, line, valueBegin});
     section.lastLine = line;
+}
+
+bool IniDocument::isBlankLine(qsizetype index) const
+{
+    const Line& line = m_lines[std::size_t(index)];
+    return trimmed(QByteArrayView(m_bytes).sliced(line.begin, line.end - line.begin), isSpace).isEmpty();
+}
+
+void IniDocument::dropEmptiedSections(const std::vector<qsizetype>& entryOfLine,
+                                      const std::map<qsizetype, QByteArray>& insertAfter, std::vector<char>& kept) const
+{
+    const auto lineCount = qsizetype(m_lines.size());
+    std::vector<char> emptiedHeader(m_lines.size(), 0);
+    for (std::size_t index = 0; index < m_sections.size(); ++index) {
+        const Section& section = m_sections[index];
+        const qsizetype first = std::max<qsizetype>(section.header, 0);
+        const qsizetype last = index + 1 < m_sections.size() ? m_sections[index + 1].header : lineCount;
+        // Anything a person wrote besides keys and blank lines keeps the section,
+        // header and all; so does a section that had no key to lose.
+        bool hadKeys = false;
+        bool keepsSomething = false;
+        for (qsizetype line = first; line < last && !keepsSomething; ++line) {
+            const Line& bytes = m_lines[std::size_t(line)];
+            if (insertAfter.count(line) > 0) {
+                keepsSomething = true;
+            } else if (line == section.header) {
+                const QByteArrayView text = trimmed(QByteArrayView(m_bytes).sliced(bytes.begin, bytes.end - bytes.begin));
+                const qsizetype close = text.indexOf(']');
+                keepsSomething = close >= 0 && !trimmed(text.sliced(close + 1), isSpace).isEmpty();
+            } else if (entryOfLine[std::size_t(line)] >= 0) {
+                hadKeys = true;
+                keepsSomething = kept[std::size_t(line)];
+            } else {
+                keepsSomething = !isBlankLine(line);
+            }
+        }
+        if (!hadKeys || keepsSomething)
+            continue;
+        std::fill(kept.begin() + first, kept.begin() + last, 0);
+        if (section.header >= 0)
+            emptiedHeader[std::size_t(section.header)] = 1;
+    }
+    // A section that went from the end takes along the blank lines that set it apart.
+    bool afterEmptied = false;
+    for (qsizetype line = lineCount - 1; line >= 0 && insertAfter.count(line) == 0; --line) {
+        if (!kept[std::size_t(line)])
+            afterEmptied = afterEmptied || emptiedHeader[std::size_t(line)];
+        else if (afterEmptied && isBlankLine(line))
+            kept[std::size_t(line)] = 0;
+        else
+            break;
+    }
 }
 
 QByteArrayView IniDocument::valueOf(const Entry& entry) const
@@ -229,22 +281,30 @@ bool IniDocument::write(const QSettings::SettingsMap& values, QByteArray& out, Q
         }
     }
 
+    // The lines that stay: not those of removed keys, nor what is left of a section
+    // that lost its last key.
+    std::vector<char> kept(m_lines.size(), 1);
+    for (const Entry& entry : m_entries) {
+        if (!values.contains(entry.key))
+            kept[std::size_t(entry.line)] = 0;
+    }
+    dropEmptiedSections(entryOfLine, insertAfter, kept);
+
     out.clear();
     out.reserve(m_bytes.size() + m_bytes.size() / 8 + 64);
     out.append(QByteArrayView(m_bytes).first(m_bodyBegin));
     for (qsizetype index = 0; index < qsizetype(m_lines.size()); ++index) {
         const Line& line = m_lines[std::size_t(index)];
         const qsizetype entryIndex = entryOfLine[std::size_t(index)];
-        bool dropped = false;
+        const bool dropped = !kept[std::size_t(index)];
         bool rewritten = false;
-        if (entryIndex >= 0) {
+        if (entryIndex >= 0 && !dropped) {
+            // A shadowed line of a key stays as it is.
             const Entry& entry = m_entries[std::size_t(entryIndex)];
-            const auto value = values.constFind(entry.key);
-            // A removed key loses every line that held it; a shadowed one keeps its line.
-            dropped = value == values.cend();
-            rewritten = !dropped && readFrom.value(entry.key) == entryIndex
-                && !IniText::sameValue(IniText::readValue(valueOf(entry)).value, *value);
-            if (rewritten && !rewrite(entry, *value, out))
+            const QVariant& value = *values.constFind(entry.key);
+            rewritten = readFrom.value(entry.key) == entryIndex
+                && !IniText::sameValue(IniText::readValue(valueOf(entry)).value, value);
+            if (rewritten && !rewrite(entry, value, out))
                 return failed(entry.key);
         }
         if (!dropped) {
@@ -258,7 +318,6 @@ bool IniDocument::write(const QSettings::SettingsMap& values, QByteArray& out, Q
             out.append(newLine);
         out.append(inserted->second);
     }
-
     for (const auto& [group, lines] : newGroups) {
         if (out.size() > m_bodyBegin) {
             if (!out.endsWith('\n') && !out.endsWith('\r'))

@@ -4,6 +4,7 @@
 #include <QSettings>
 #include <QString>
 
+#include <map>
 #include <vector>
 
 namespace zel {
@@ -20,8 +21,9 @@ public:
 
     // The file holding exactly `values`: changed keys rewritten in place, new keys at
     // the end of their group, new groups at the end of the file, the lines of keys not
-    // in `values` gone, every other byte as it was. False, with `error` set, when a
-    // value has no text form.
+    // in `values` gone, and with them a section left with only blank lines, header and
+    // all; every other byte as it was. False, with `error` set, when a value has no
+    // text form.
     bool write(const QSettings::SettingsMap& values, QByteArray& out, QString& error) const;
 
 private:
@@ -41,9 +43,15 @@ private:
     {
         QString group; // empty for the keys before any section and for [General]
         qsizetype lastLine = -1; // of its last key, else of its header; -1: none
+        qsizetype header = -1; // -1 for the keys before any section
     };
 
     void parseLine(qsizetype begin, qsizetype end);
+    bool isBlankLine(qsizetype index) const;
+    // Clears in `kept` what is left of each section that loses its last key and holds
+    // nothing else but blank lines, with its header.
+    void dropEmptiedSections(const std::vector<qsizetype>& entryOfLine, const std::map<qsizetype, QByteArray>& insertAfter,
+                             std::vector<char>& kept) const;
     QByteArrayView valueOf(const Entry& entry) const;
     QByteArray lineEnd() const;
     // Appends the line of `entry` with its value replaced, keeping the key as typed and

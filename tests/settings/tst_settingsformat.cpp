@@ -51,6 +51,8 @@ private Q_SLOTS:
     void rootSectionInAnyCase_data();
     void rootSectionInAnyCase();
     void newKeysBesideGeneralInAnyCase();
+    void emptiedSectionGoes_data();
+    void emptiedSectionGoes();
     void sharedWithQtsOwnFormat_data();
     void sharedWithQtsOwnFormat();
     void hostileValuesStayText();
@@ -172,6 +174,47 @@ void SettingsFormatTest::newKeysBesideGeneralInAnyCase()
     QCOMPARE(written, "[GeNeral]\nk=1\nx=3\n\n[%general]\nj=2\ny=4\n\n[%GENERAL]\nz=5\n\n[a]\ngeneral\\w=6\n");
     const QStringList keys({"GENERAL/z", "a/general/w", "general/j", "general/y", "k", "x"});
     QCOMPARE(QSettings(fileWith(written), QSettings::IniFormat).allKeys(), keys);
+}
+
+void SettingsFormatTest::emptiedSectionGoes_data()
+{
+    QTest::addColumn<QByteArray>("contents");
+    QTest::addColumn<QStringList>("removed");
+    QTest::addColumn<QByteArray>("expected");
+    const QByteArray three = "[A]\na=1\n\n[B]\nb=1\nc=2\n\n[C]\nc=1\n";
+    QTest::newRow("first") << three << QStringList({"A"}) << QByteArray("[B]\nb=1\nc=2\n\n[C]\nc=1\n");
+    QTest::newRow("middle") << three << QStringList({"B/b", "B/c"}) << QByteArray("[A]\na=1\n\n[C]\nc=1\n");
+    QTest::newRow("last") << three << QStringList({"C/c"}) << QByteArray("[A]\na=1\n\n[B]\nb=1\nc=2\n");
+    QTest::newRow("one key of two") << three << QStringList({"B/c"}) << QByteArray("[A]\na=1\n\n[B]\nb=1\n\n[C]\nc=1\n");
+    QTest::newRow("every key") << three << QStringList({""}) << QByteArray();
+    QTest::newRow("keys before any section") << QByteArray("top=1\n\n[A]\na=1\n") << QStringList({"top"})
+                                             << QByteArray("[A]\na=1\n");
+    QTest::newRow("comment of a section") << QByteArray("[A]\na=1\n\n[B]\n; chosen by hand\nb=1\n")
+                                          << QStringList({"B/b"}) << QByteArray("[A]\na=1\n\n[B]\n; chosen by hand\n");
+    QTest::newRow("comment after the header") << QByteArray("[A]\na=1\n\n[B] ; kept\nb=1\n") << QStringList({"B/b"})
+                                              << QByteArray("[A]\na=1\n\n[B] ; kept\n");
+    QTest::newRow("comment above everything") << QByteArray("; Torvane\n\n[A]\na=1\n") << QStringList({""})
+                                              << QByteArray("; Torvane\n");
+    QTest::newRow("empty by hand") << QByteArray("[A]\n\n[B]\nb=1\n[C]\n") << QStringList({"B/b"})
+                                   << QByteArray("[A]\n\n[C]\n");
+    QTest::newRow("written twice") << QByteArray("[A]\na=1\n[B]\nb=1\n[A]\nc=1\n") << QStringList({"A/a"})
+                                   << QByteArray("[B]\nb=1\n[A]\nc=1\n");
+    QTest::newRow("line ends of Windows") << QByteArray("[A]\r\na=1\r\n\r\n[B]\r\nb=1\r\n") << QStringList({"B"})
+                                          << QByteArray("[A]\r\na=1\r\n");
+}
+
+void SettingsFormatTest::emptiedSectionGoes()
+{
+    QFETCH(QByteArray, contents);
+    QFETCH(QStringList, removed);
+    QFETCH(QByteArray, expected);
+    const QString path = fileWith(contents);
+    {
+        QSettings settings(path, CC::SettingsFormat());
+        for (const QString& key : removed)
+            settings.remove(key);
+    }
+    QCOMPARE(fileBytes(path), expected);
 }
 
 void SettingsFormatTest::sharedWithQtsOwnFormat_data()
