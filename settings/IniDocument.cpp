@@ -318,10 +318,12 @@ bool IniDocument::write(const QSettings::SettingsMap& values, QByteArray& out, Q
             out.append(newLine);
         out.append(inserted->second);
     }
+    // A last line without its line end gets one: editors and tools expect it.
+    if (out.size() > m_bodyBegin && !out.endsWith('\n') && !out.endsWith('\r'))
+        out.append(newLine);
+
     for (const auto& [group, lines] : newGroups) {
         if (out.size() > m_bodyBegin) {
-            if (!out.endsWith('\n') && !out.endsWith('\r'))
-                out.append(newLine);
             const QByteArrayView body = QByteArrayView(out).sliced(m_bodyBegin);
             if (body != newLine && !body.endsWith(newLine + newLine))
                 out.append(newLine); // a blank line before a section

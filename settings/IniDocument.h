@@ -22,8 +22,8 @@ public:
     // The file holding exactly `values`: changed keys rewritten in place, new keys at
     // the end of their group, new groups at the end of the file, the lines of keys not
     // in `values` gone, and with them a section left with only blank lines, header and
-    // all; every other byte as it was. False, with `error` set, when a value has no
-    // text form.
+    // all; every other byte as it was, and a line end after the last line. False, with
+    // `error` set, when a value has no text form.
     bool write(const QSettings::SettingsMap& values, QByteArray& out, QString& error) const;
 
 private:

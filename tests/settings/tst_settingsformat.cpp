@@ -53,6 +53,8 @@ private Q_SLOTS:
     void newKeysBesideGeneralInAnyCase();
     void emptiedSectionGoes_data();
     void emptiedSectionGoes();
+    void writtenFileEndsWithLineEnd_data();
+    void writtenFileEndsWithLineEnd();
     void sharedWithQtsOwnFormat_data();
     void sharedWithQtsOwnFormat();
     void hostileValuesStayText();
@@ -214,6 +216,25 @@ void SettingsFormatTest::emptiedSectionGoes()
         for (const QString& key : removed)
             settings.remove(key);
     }
+    QCOMPARE(fileBytes(path), expected);
+}
+
+void SettingsFormatTest::writtenFileEndsWithLineEnd_data()
+{
+    QTest::addColumn<QByteArray>("contents");
+    QTest::addColumn<QByteArray>("expected"); // after "b" is set to 3
+    QTest::newRow("changed last line") << QByteArray("a=1\nb=2") << QByteArray("a=1\nb=3\n");
+    QTest::newRow("line ends of Windows") << QByteArray("a=1\r\nb=2") << QByteArray("a=1\r\nb=3\r\n");
+    QTest::newRow("unchanged comment last") << QByteArray("b=2\n; end") << QByteArray("b=3\n; end\n");
+    QTest::newRow("comment with a comma") << QByteArray("b=2 ; 1, 2") << QByteArray("b=3 ; 1, 2\n");
+}
+
+void SettingsFormatTest::writtenFileEndsWithLineEnd()
+{
+    QFETCH(QByteArray, contents);
+    QFETCH(QByteArray, expected);
+    const QString path = fileWith(contents);
+    QSettings(path, CC::SettingsFormat()).setValue("b", "3");
     QCOMPARE(fileBytes(path), expected);
 }
 
