@@ -15,23 +15,26 @@ struct ZEL_SETTINGS_EXPORT SettingRange
     enum class Kind {
         Any,     // any text
         Boolean, // "true" or "false"
-        Integer, // whole numbers from minimum to maximum
+        Integer, // whole numbers from minimum to maximum, each a multiple of `step`
         Decimal, // numbers from minimum to maximum with at most `decimals` digits after the point
         Choice,  // one of `choices`, exactly
         Folder,  // a folder path
         File,    // a file path
-        Ratios,  // the five simplification ratios
-        Version, // the settings layout version: always the current one
+        Ratios,  // five "/"-separated ratios as Decimal, the first the maximum, none above the one before
+        Version, // the settings layout version: always the current one, `minimum`
     };
 
     Kind kind = Kind::Any;
     double minimum = 0;
     double maximum = 0;
+    // Integer: a stored value is a whole multiple of it (bytes shown as whole mebibytes).
+    double step = 1;
+    // Decimal and Ratios: digits after the point that the pages show.
     int decimals = 0;
     QStringList choices;
 
     // What the key accepts, in English, for a command-line message:
-    // "a whole number from 10 to 10240", "true or false".
+    // "a whole number from 10 to 10240", "true or false", "one of deferred, software".
     QString describe() const;
 };
 

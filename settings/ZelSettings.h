@@ -8,6 +8,8 @@
 
 namespace zel {
 
+struct SettingRange;
+
 // The process-wide registry of Settings.ini keys with their defaults and validators,
 // the validation pass over a QSettings, and the validators themselves. Everything is
 // static and needs no widget, so console programs use it as well as the control
@@ -37,6 +39,8 @@ public:
     static void InitDefaultSettingsValues(const QString& applicationName);
     // Registers the keys that the settings pages edit, with the defaults the pages show.
     static void InitPageSettingsValues();
+    // What `key` accepts (ZelSettingRange.h); Kind::Any for a key not in the table.
+    static SettingRange GetSettingRange(const QString& key);
     // Every "\" becomes "/", then every trailing "/" is dropped; a root stays "/".
     static void CleanupFolder(QString& path);
 

@@ -1,6 +1,7 @@
 #include "ZelSettings.h"
 
 #include "ZelDirectory.h"
+#include "ZelSettingsFile.h"
 #include "ZelSettingsKeys.h"
 #include "kqSystem.h"
 
@@ -55,12 +56,12 @@ void ZelSettings::InitDefaultSettingsValues(const QString& applicationName)
                   QString::fromStdString(kq::kqSystemUtils::GetCurrentUserNameUtf8()));
 
     RegisterSetting(SettingsKeys::Engine, QStringLiteral("deferred"), ensureEngine);
-    RegisterSetting(SettingsKeys::SettingsVersion, QString::number(2), ensureSettingsVersion);
+    RegisterSetting(SettingsKeys::SettingsVersion, QString::number(ZelSettingsFile::CurrentVersion()),
+                    ensureSettingsVersion);
     RegisterSetting(SettingsKeys::EnableDiag, QStringLiteral("false"), ensureBool);
     RegisterSetting(SettingsKeys::DebugLogTypeBlacklist, QString(), noOp);
     RegisterSetting(SettingsKeys::LogFile, appDataFolder + QStringLiteral("/log.txt"), ensureFile);
-    // The General page keeps the cache size within its range; the file may hold anything.
-    RegisterSetting(SettingsKeys::CacheSize, QStringLiteral("4096"), noOp);
+    RegisterSetting(SettingsKeys::CacheSize, QStringLiteral("4096"), ensureCacheSize);
     RegisterSetting(SettingsKeys::CacheDirectory, cacheFolder, ensureDMCacheFolder);
 }
 

@@ -1,20 +1,19 @@
 #include "ZelSettings.h"
 
+#include "ZelSettingRange.h"
+#include "ZelSettingsKeys.h"
 #include "kqDMManager.h"
-#include "kqDMRenderer.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QLocale>
 #include <QRegularExpression>
 #include <QStringList>
-#include <QThread>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <iostream>
-#include <iterator>
 #include <vector>
 
 #if defined(Q_OS_UNIX)
@@ -26,9 +25,9 @@ namespace zel {
 namespace {
 
 constexpr qulonglong MinimumSimplificationRAM = 0x4000000; // 64 MiB
-constexpr qulonglong MinimumMemory = 0x8000000; // 128 MiB
-constexpr qulonglong MaximumMemory = 0x1FA000000; // 8096 MiB
 constexpr std::size_t RatioCount = 5;
+// A scene unit this close to one of the table's counts as that unit.
+constexpr double SceneUnitTolerance = 0.001;
 
 // Raises to the minimum first, then lowers to the maximum.
 template<typename T>
@@ -51,7 +50,7 @@ bool parseInteger(const QString& text, T& number, T (QString::*convert)(bool*, i
     return ok && numeric(text);
 }
 
-// Qt clears the ok flag for a number beyond float's range (and for one too small to
+// Qt clears the ok flag for a number beyond the type's range (and for one too small to
 // tell from zero), but accepts "inf" and "nan".
 bool parseFloat(QStringView text, float& number)
 {
@@ -60,43 +59,75 @@ bool parseFloat(QStringView text, float& number)
     return ok && numeric(text);
 }
 
+bool parseDouble(QStringView text, double& number)
+{
+    bool ok = false;
+    number = text.toDouble(&ok);
+    return ok && numeric(text);
+}
+
 QString floatText(float number)
 {
     return QString::number(number, 'g', 6);
 }
 
-bool clampInteger(const QString& defaultValue, QString& value, int minimum, int maximum)
+// `number` to the nearest value with `decimals` digits after the point.
+double rounded(double number, int decimals)
+{
+    const double scale = std::pow(10.0, decimals);
+    // Adding zero turns a -0 into 0, which prints without its sign.
+    return std::round(number * scale) / scale + 0.0;
+}
+
+bool clampInteger(const QString& defaultValue, QString& value, const SettingRange& range)
 {
     int number = 0;
     const bool ok = parseInteger(value, number, &QString::toInt);
-    value = ok ? QString::number(clamped(number, minimum, maximum)) : defaultValue;
+    value = ok ? QString::number(clamped(number, int(range.minimum), int(range.maximum))) : defaultValue;
     return true;
 }
 
-bool clampUnsigned(const QString& defaultValue, QString& value, qulonglong minimum, qulonglong maximum)
+// Clamps, then rounds to the nearest multiple of the range's step (halves up); the
+// table's bounds are multiples of it.
+bool clampUnsigned(const QString& defaultValue, QString& value, const SettingRange& range)
 {
     qulonglong number = 0;
-    const bool ok = parseInteger(value, number, &QString::toULongLong);
-    value = ok ? QString::number(clamped(number, minimum, maximum)) : defaultValue;
+    if (!parseInteger(value, number, &QString::toULongLong)) {
+        value = defaultValue;
+        return true;
+    }
+    const auto step = qulonglong(range.step);
+    number = clamped(number, qulonglong(range.minimum), qulonglong(range.maximum));
+    value = QString::number((number + step / 2) / step * step);
     return true;
 }
 
-bool clampFloat(const QString& defaultValue, QString& value, float minimum, float maximum)
+// Clamps, then rounds to the digits the pages show, so that they show it as stored.
+bool clampDecimal(const QString& defaultValue, QString& value, const SettingRange& range)
 {
-    float number = 0;
+    double number = 0;
     // An infinity clamps to a bound; "nan" lies nowhere in the range and takes the default.
-    const bool usable = parseFloat(value, number) && !std::isnan(number);
-    value = usable ? floatText(clamped(number, minimum, maximum)) : defaultValue;
+    if (!parseDouble(value, number) || std::isnan(number)) {
+        value = defaultValue;
+        return true;
+    }
+    number = rounded(clamped(number, range.minimum, range.maximum), range.decimals);
+    value = QString::number(number, 'f', QLocale::FloatingPointShortest);
     return true;
 }
 
+// Anything outside the range takes the default; a number inside it is written plainly.
 bool acceptUnsigned(const QString& defaultValue, QString& value, qulonglong minimum, qulonglong maximum)
 {
     qulonglong number = 0;
     const bool ok = parseInteger(value, number, &QString::toULongLong);
-    if (!ok || number < minimum || number > maximum)
-        value = defaultValue;
+    value = ok && number >= minimum && number <= maximum ? QString::number(number) : defaultValue;
     return true;
+}
+
+bool isChoice(const QString& key, const QString& value)
+{
+    return ZelSettings::GetSettingRange(key).choices.contains(value);
 }
 
 std::vector<float> parseRatios(const QString& text)
@@ -177,7 +208,7 @@ bool ZelSettings::ensureBool(const QString&, const QString& defaultValue, QStrin
 
 bool ZelSettings::ensureEngine(const QString&, const QString& defaultValue, QString& value, QString&)
 {
-    if (value != QLatin1String("deferred") && value != QLatin1String("software"))
+    if (!isChoice(SettingsKeys::Engine, value))
         value = defaultValue;
     return true;
 }
@@ -210,12 +241,15 @@ bool ZelSettings::ensurePortValue(const QString&, const QString& defaultValue, Q
 
 bool ZelSettings::ensureCacheSize(const QString&, const QString& defaultValue, QString& value, QString&)
 {
-    return acceptUnsigned(defaultValue, value, 10, 10240);
+    const SettingRange range = GetSettingRange(SettingsKeys::CacheSize);
+    return acceptUnsigned(defaultValue, value, qulonglong(range.minimum), qulonglong(range.maximum));
 }
 
 bool ZelSettings::ensureSimplificationRAM(const QString&, const QString& defaultValue, QString& value, QString&)
 {
-    return acceptUnsigned(defaultValue, value, MinimumSimplificationRAM, MaximumMemory);
+    // Up to the largest memory budget the viewer accepts.
+    const auto maximum = qulonglong(GetSettingRange(SettingsKeys::MaxCPUMemory3D).maximum);
+    return acceptUnsigned(defaultValue, value, MinimumSimplificationRAM, maximum);
 }
 
 bool ZelSettings::ensureSimplificationThreads(const QString&, const QString&, QString& value, QString&)
@@ -227,80 +261,64 @@ bool ZelSettings::ensureSimplificationThreads(const QString&, const QString&, QS
 
 bool ZelSettings::ensureCoreNumber(const QString&, const QString& defaultValue, QString& value, QString&)
 {
-    return clampInteger(defaultValue, value, 1, QThread::idealThreadCount());
+    return clampInteger(defaultValue, value, GetSettingRange(SettingsKeys::RaytracerCoreNumber));
 }
 
 bool ZelSettings::ensureTesselationMaxFaceAngle(const QString&, const QString& defaultValue, QString& value,
                                                      QString&)
 {
-    return clampInteger(defaultValue, value, 0, 359);
+    return clampInteger(defaultValue, value, GetSettingRange(SettingsKeys::TesselationMaxFaceAngle));
 }
 
 bool ZelSettings::ensureTesselationMaxFaceLength(const QString&, const QString& defaultValue, QString& value,
                                                       QString&)
 {
-    return clampFloat(defaultValue, value, 0.0f, 100.0f);
+    return clampDecimal(defaultValue, value, GetSettingRange(SettingsKeys::TesselationMaxFaceLength));
 }
 
 bool ZelSettings::ensureTesselationMaxFaceSag(const QString&, const QString& defaultValue, QString& value,
                                                    QString&)
 {
-    return clampFloat(defaultValue, value, 0.0f, 100.0f);
+    return clampDecimal(defaultValue, value, GetSettingRange(SettingsKeys::TesselationMaxFaceSag));
 }
 
 bool ZelSettings::ensureLODTrianglesCap(const QString&, const QString& defaultValue, QString& value, QString&)
 {
-    return clampUnsigned(defaultValue, value, 50000, 500000000);
+    return clampUnsigned(defaultValue, value, GetSettingRange(SettingsKeys::LODTrianglesCap));
 }
 
 bool ZelSettings::ensureMaxGPUMemory(const QString&, const QString& defaultValue, QString& value, QString&)
 {
-    return clampUnsigned(defaultValue, value, MinimumMemory, MaximumMemory);
+    return clampUnsigned(defaultValue, value, GetSettingRange(SettingsKeys::MaxGPUMemory));
 }
 
 bool ZelSettings::ensureMaxCPUMemoryRaytracer(const QString&, const QString& defaultValue, QString& value,
                                                    QString&)
 {
-    return clampUnsigned(defaultValue, value, MinimumMemory, MaximumMemory);
+    return clampUnsigned(defaultValue, value, GetSettingRange(SettingsKeys::MaxCPUMemoryRaytracer));
 }
 
 bool ZelSettings::ensureMaxCPUMemory3D(const QString&, const QString& defaultValue, QString& value, QString&)
 {
-    return clampUnsigned(defaultValue, value, MinimumMemory, MaximumMemory);
+    return clampUnsigned(defaultValue, value, GetSettingRange(SettingsKeys::MaxCPUMemory3D));
 }
 
 bool ZelSettings::ensureRaytracerQuality(const QString&, const QString& defaultValue, QString& value, QString&)
 {
-    const auto& names = kqDMRenderer::scQualityEnum;
-    if (std::find(std::begin(names), std::end(names), value) == std::end(names))
+    if (!isChoice(SettingsKeys::RaytracerQuality, value))
         value = defaultValue;
     return true;
 }
 
 bool ZelSettings::ensureSceneUnit(const QString&, const QString& defaultValue, QString& value, QString&)
 {
-    struct Unit {
-        double size;
-        QLatin1String text;
-    };
-    static constexpr std::array<Unit, 7> units = {{
-        {0.001, QLatin1String("0.001")},
-        {0.01, QLatin1String("0.01")},
-        {0.1, QLatin1String("0.1")},
-        {1, QLatin1String("1")},
-        {10, QLatin1String("10")},
-        {100, QLatin1String("100")},
-        {1000, QLatin1String("1000")},
-    }};
-    // The same absolute tolerance for every unit: anything strictly between 0 and
-    // 0.002 is a millimetre.
-    constexpr double tolerance = 0.001;
-
+    // A number near a unit is written as that unit's text: the same absolute tolerance
+    // for every unit, so anything strictly between 0 and 0.002 is 0.001.
     float number = 0;
     if (parseFloat(value, number)) {
-        for (const Unit& unit : units) {
-            if (std::abs(double(number) - unit.size) < tolerance) {
-                value = unit.text;
+        for (const QString& unit : GetSettingRange(SettingsKeys::SceneUnits).choices) {
+            if (std::abs(double(number) - unit.toDouble()) < SceneUnitTolerance) {
+                value = unit;
                 return true;
             }
         }
@@ -345,12 +363,16 @@ bool ZelSettings::ensureSimplificationRatios(const QString&, const QString& defa
     // The value's ratios if five of them parse, else the default's. Should the kernel's
     // correction not keep five, the default gets the same treatment; a default that gives
     // no five ratios fails the pass.
+    const SettingRange range = GetSettingRange(SettingsKeys::SimplificationRatios);
     for (const QString& source : {value, defaultValue}) {
         std::vector<float> ratios = parseRatios(source);
         if (ratios.size() != RatioCount)
             continue;
         if (kqDMManager::correctRatios(ratios))
             std::cout << "Ratio changed" << std::endl;
+        // Then to whole percents, as the page shows them; rounding keeps the order.
+        for (float& ratio : ratios)
+            ratio = float(clamped(rounded(double(ratio), range.decimals), range.minimum, range.maximum));
         if (ratios.size() == RatioCount) {
             value = ratiosText(ratios);
             return true;

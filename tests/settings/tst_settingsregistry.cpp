@@ -1,5 +1,6 @@
 #include "SettingsFiles.h"
 #include "TestHome.h"
+#include "ZelSettingRange.h"
 #include "ZelSettings.h"
 #include "kqDMRenderer.h"
 #include "kqSystem.h"
@@ -7,14 +8,18 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
 
+#include <cmath>
+
 #include <sys/stat.h>
 #include <unistd.h>
 
+using zel::SettingRange;
 using zel::SettingValidator;
 using CC = zel::ZelSettings;
 
@@ -67,6 +72,11 @@ private Q_SLOTS:
     void pageDefaults();
     void validators_data();
     void validators();
+    void everyCatalogueKeyHasARange();
+    void descriptions_data();
+    void descriptions();
+    void validatorsKeepTheirRange_data();
+    void validatorsKeepTheirRange();
     void folderValidators_data();
     void folderValidators();
     void sharedTemporaryFolder();
@@ -161,6 +171,7 @@ void SettingsTest::catalogue()
     QCOMPARE(expected.size(), 9);
     expected["settingsVersion"] = "2";
     expected["enablediag"] = "false";
+    expected["DBCache/cacheSize"] = "4096";
     expected["DBCache/cacheDirectory"] = cacheFolder;
     expected["Logging/logFile"] = logFile;
     QSettings settings(iniPath(), CC::SettingsFormat());
@@ -212,17 +223,25 @@ void SettingsTest::validators_data()
     rows("positive", CC::ensurePositiveInteger,
          {{"0", "D"}, {"9223372036854775807", "="}, {"9223372036854775808", "D"}});
     rows("port", CC::ensurePortValue, {{"-1", "D"}, {"0", "="}, {"65535", "="}, {"65536", "D"}});
-    rows("cache size", CC::ensureCacheSize, {{"9", "D"}, {"10", "="}, {"10240", "="}, {"10241", "D"}});
+    // The size the viewer accepts, or the default: never cut to a nearer number.
+    rows("cache size", CC::ensureCacheSize,
+         {{"9", "D"}, {"10", "="}, {"2048", "="}, {"10240", "="}, {"10241", "D"}, {"999999", "D"}, {"-5", "D"},
+          {"abc", "D"}, {" 2048", "2048"}});
     rows("simplification RAM", CC::ensureSimplificationRAM,
          {{"67108863", "D"}, {"67108864", "="}, {"8489271296", "="}, {"8489271297", "D"}});
     rows("threads", CC::ensureSimplificationThreads, {{"8", "1"}});
     rows("cores", CC::ensureCoreNumber, {{"0", "1"}, {"1000", QString::number(QThread::idealThreadCount())}});
     rows("face angle", CC::ensureTesselationMaxFaceAngle, {{"-1", "0"}, {"360", "359"}, {"4.5", "D"}});
-    rows("face length", CC::ensureTesselationMaxFaceLength, {{"-3", "0"}, {"0.1234567", "0.123457"}, {"nan", "D"}});
-    rows("face sag", CC::ensureTesselationMaxFaceSag, {{"-0.5", "0"}, {"101", "100"}, {"-inf", "0"}});
+    // To the three decimals the page shows.
+    rows("face length", CC::ensureTesselationMaxFaceLength,
+         {{"-3", "0"}, {"0.1234567", "0.123"}, {"0.0126", "0.013"}, {"99.9996", "100"}, {"nan", "D"}});
+    rows("face sag", CC::ensureTesselationMaxFaceSag,
+         {{"-0.5", "0"}, {"-0.0001", "0"}, {"100", "="}, {"101", "100"}, {"-inf", "0"}, {"1e-3", "0.001"}});
     rows("triangle cap", CC::ensureLODTrianglesCap, {{"49999", "50000"}, {"500000001", "500000000"}});
     for (const auto memory : {CC::ensureMaxGPUMemory, CC::ensureMaxCPUMemoryRaytracer, CC::ensureMaxCPUMemory3D})
-        rows("memory", memory, {{"-1", "D"}, {"134217727", "134217728"}, {"8489271297", "8489271296"}});
+        rows("memory", memory,
+             {{"-1", "D"}, {"134217727", "134217728"}, {"8489271297", "8489271296"}, {"1610612737", "1610612736"},
+              {"1611137024", "1611661312"}});
     for (const QString& quality : zel::kqDMRenderer::scQualityEnum)
         rows("quality", CC::ensureRaytracerQuality, {{quality, "="}, {quality.toUpper(), "D"}});
     rows("unit", CC::ensureSceneUnit, {{"0.0019", "0.001"}, {"0", "D"}, {"1e3", "1000"}, {"5", "D"}});
@@ -232,7 +251,8 @@ void SettingsTest::validators_data()
     rows("ratios", CC::ensureSimplificationRatios,
          {{"1/0.5/0.25/0.1/0.05", "="}, {"1//0.5/0.25/0.1/0.05/", "1/0.5/0.25/0.1/0.05"},
           {"1/nan/0.25/0.1/0.05", "1/1/0.25/0.1/0.05"}, {"1/0.5/nan/0.25/0.1/0.05", "1/1/1/1/1"},
-          {"1.5/0.5/0.25/0.1/0.001", "1/0.5/0.25/0.1/0.01"}, {"1/0.5/0.25", "1/1/1/1/1"}, {"1/0.5", QString()}});
+          {"1.5/0.5/0.25/0.1/0.001", "1/0.5/0.25/0.1/0.01"}, {"1/0.333/0.25/0.1/0.05", "1/0.33/0.25/0.1/0.05"},
+          {"1/0.5/0.499/0.1/0.05", "1/0.5/0.5/0.1/0.05"}, {"1/0.5/0.25", "1/1/1/1/1"}, {"1/0.5", QString()}});
 }
 
 void SettingsTest::validators()
@@ -247,6 +267,122 @@ void SettingsTest::validators()
     QCOMPARE(validator("key", defaultValue, value, error), !expected.isNull());
     QVERIFY(expected.isNull() || value == expected);
     QCOMPARE(error, "untouched");
+}
+
+void SettingsTest::everyCatalogueKeyHasARange()
+{
+    CC::InitDefaultSettingsValues(CC::GetApplicationName());
+    CC::InitPageSettingsValues();
+    QStringList anyText;
+    for (const auto& [key, entry] : CC::GetDefaultSettingsValues()) {
+        if (CC::GetSettingRange(key).kind == SettingRange::Kind::Any)
+            anyText.append(key);
+    }
+    QCOMPARE(anyText, (QStringList{"debuglogtypeblacklist", "language"}));
+}
+
+void SettingsTest::descriptions_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("described");
+    QTest::newRow("cache size") << "DBCache/cacheSize" << "a whole number from 10 to 10240";
+    QTest::newRow("memory") << "Resources/MaxGPUMemory"
+                            << "a whole number from 134217728 to 8489271296 that is a multiple of 1048576";
+    QTest::newRow("cores") << "raytracer/coreNumber"
+                           << QString("a whole number from 1 to %1").arg(QThread::idealThreadCount());
+    QTest::newRow("decimal") << "Tesselation/TesselationMaxFaceSag" << "a number from 0 to 100 with at most 3 decimals";
+    QTest::newRow("boolean") << "deferred/useSSAO" << "true or false";
+    QTest::newRow("choice") << "engine" << "one of deferred, software";
+    QTest::newRow("units") << "deferred/sceneUnits" << "one of 0.001, 0.01, 0.1, 1, 10, 100, 1000";
+    QTest::newRow("ratios") << "Simplification/Ratios"
+                            << "five ratios separated by \"/\": 1, then each from 0.01 to the one before, with at most "
+                               "2 decimals";
+    QTest::newRow("version") << "settingsVersion" << "the current settings layout version, 2";
+    QTest::newRow("folder") << "DBCache/cacheDirectory" << "a folder path";
+    QTest::newRow("file") << "Logging/logFile" << "a file path";
+    QTest::newRow("unknown key") << "DBCache/cachesize" << "any text";
+}
+
+void SettingsTest::descriptions()
+{
+    QFETCH(QString, key);
+    QFETCH(QString, described);
+    QCOMPARE(CC::GetSettingRange(key).describe(), described);
+}
+
+// For every key of the catalogue: values at the edges of its range pass its validator
+// unchanged, values just beyond them (or with a digit too many) are repaired.
+void SettingsTest::validatorsKeepTheirRange_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<bool>("kept");
+    CC::ClearSettingsValues();
+    CC::InitDefaultSettingsValues(CC::GetApplicationName());
+    CC::InitPageSettingsValues();
+    const auto number = [](double value) { return QString::number(value, 'f', QLocale::FloatingPointShortest); };
+    for (const auto& [key, entry] : CC::GetDefaultSettingsValues()) {
+        const SettingRange range = CC::GetSettingRange(key);
+        const QString minimum = number(range.minimum);
+        const QString maximum = number(range.maximum);
+        const double digit = std::pow(10.0, -range.decimals);
+        QStringList kept;
+        QStringList repaired;
+        switch (range.kind) {
+        case SettingRange::Kind::Boolean:
+            kept = QStringList{"true", "false"};
+            repaired = QStringList{"yes"};
+            break;
+        case SettingRange::Kind::Integer:
+            kept = QStringList{minimum, maximum};
+            if (range.minimum + range.step <= range.maximum)
+                kept.append(number(range.minimum + range.step));
+            repaired = QStringList{number(range.minimum - 1), number(range.maximum + 1)};
+            if (range.step > 1)
+                repaired.append(number(range.minimum + 1));
+            break;
+        case SettingRange::Kind::Decimal:
+            kept = QStringList{minimum, maximum, number(range.minimum + digit)};
+            repaired = QStringList{number(range.maximum + 1), number(range.minimum + digit / 10)};
+            break;
+        case SettingRange::Kind::Choice:
+            kept = range.choices;
+            repaired = QStringList{range.choices.first() + "x"};
+            break;
+        case SettingRange::Kind::Ratios:
+            kept = QStringList{QStringList{maximum, maximum, minimum, minimum, minimum}.join('/')};
+            repaired = QStringList{QStringList{maximum, maximum, number(range.minimum + digit / 10), minimum,
+                                               minimum}.join('/')};
+            break;
+        case SettingRange::Kind::Version:
+            kept = QStringList{minimum};
+            repaired = QStringList{number(range.minimum + 1)};
+            break;
+        case SettingRange::Kind::Any:
+        case SettingRange::Kind::Folder:
+        case SettingRange::Kind::File:
+            break;
+        }
+        for (const QString& value : std::as_const(kept))
+            QTest::addRow("%s: %s kept", qPrintable(key), qPrintable(value)) << key << value << true;
+        for (const QString& value : std::as_const(repaired))
+            QTest::addRow("%s: %s repaired", qPrintable(key), qPrintable(value)) << key << value << false;
+    }
+    CC::ClearSettingsValues();
+}
+
+void SettingsTest::validatorsKeepTheirRange()
+{
+    QFETCH(QString, key);
+    QFETCH(QString, value);
+    QFETCH(bool, kept);
+    CC::InitDefaultSettingsValues(CC::GetApplicationName());
+    CC::InitPageSettingsValues();
+    const auto& [defaultValue, validator] = CC::GetDefaultSettingsValues().at(key);
+    QString validated = value;
+    QString error;
+    QVERIFY(validator(key, defaultValue, validated, error));
+    QCOMPARE(validated == value, kept);
 }
 
 void SettingsTest::folderValidators_data()
