@@ -93,6 +93,15 @@ QString setAsideReason(const QString& file, const QSettings& settings)
     return QStringLiteral("%1 %2: the settings editor sets it aside at its next start").arg(file, version);
 }
 
+// The file the editor's start makes of one it set aside: the layout version and the
+// language, if there was one.
+void startAfresh(QSettings& settings, const QVariant& language)
+{
+    settings.setValue(SettingsKeys::SettingsVersion, QString::number(ZelSettingsFile::CurrentVersion()));
+    if (language.isValid())
+        settings.setValue(SettingsKeys::Language, language);
+}
+
 // Every value of `settings` as the pass reads it, registered keys included.
 QMap<QString, QString> settingTexts(const QSettings& settings)
 {
@@ -282,62 +291,93 @@ int ConfigCommands::check(bool fix)
     std::optional<QByteArray> bytes;
     if (!read(bytes))
         return ExitFileError;
-    const QByteArray original = bytes.value_or(QByteArray());
+    if (!bytes) {
+        m_out << QStringLiteral("%1 does not exist yet: the settings editor makes it at its first start").arg(m_file)
+              << Qt::endl;
+        return ExitDone;
+    }
+    ZelSettingsFile::Layout layout = ZelSettingsFile::Layout::Current;
+    QVariant language;
+    QStringList lines;
+    {
+        const QSettings current(m_file, ZelSettings::SettingsFormat());
+        layout = ZelSettingsFile::InspectLayout(current);
+        language = current.value(SettingsKeys::Language);
+        if (layout == ZelSettingsFile::Layout::Discard)
+            lines.append(setAsideReason(m_file, current) + QStringLiteral(", keeping only the language"));
+        else if (layout == ZelSettingsFile::Layout::Upgrade)
+            lines.append(QStringLiteral("%1 has settings version 1: the settings editor upgrades it at its next start")
+                             .arg(m_file));
+    }
+    // What the editor's start does before its pass.
+    const auto startAsEditor = [&](QSettings& settings) {
+        if (layout == ZelSettingsFile::Layout::Discard)
+            startAfresh(settings, language);
+        return layout == ZelSettingsFile::Layout::Upgrade ? upgrade(settings) : QStringList();
+    };
 
-    // The pass runs on a copy: it writes every key it visits, and on a failing
-    // validator it would leave the keys before it half done.
+    // The start is worked out on a copy: the pass writes what it adds and repairs, and
+    // a failing validator would leave the keys before it half done.
     const QTemporaryDir scratch;
     const QString copyPath = scratch.filePath(QStringLiteral("Settings.ini"));
+    const QByteArray start = layout == ZelSettingsFile::Layout::Discard ? QByteArray() : *bytes;
     QSaveFile copyFile(copyPath);
-    if (!scratch.isValid() || !copyFile.open(QIODevice::WriteOnly) || copyFile.write(original) != original.size()
+    if (!scratch.isValid() || !copyFile.open(QIODevice::WriteOnly) || copyFile.write(start) != start.size()
         || !copyFile.commit()) {
-        m_err << QStringLiteral("torvane-config: cannot copy %1 to a temporary folder").arg(m_file) << Qt::endl;
+        m_err << QStringLiteral("torvane-config: cannot copy %1 to a temporary folder: %2")
+                     .arg(m_file, scratch.isValid() ? copyFile.errorString() : scratch.errorString())
+              << Qt::endl;
         return ExitFileError;
     }
     QSettings copy(copyPath, ZelSettings::SettingsFormat());
-
-    // Keys absent from the file take their defaults; only stored values get repaired.
-    QMap<QString, QString> before;
-    for (const QString& key : registeredKeys()) {
-        if (copy.contains(key))
-            before.insert(key, ZelSettings::GetSettingText(copy, key));
-    }
+    lines += startAsEditor(copy);
+    std::vector<SettingRepair> repairs;
+    QStringList missing;
     QString error;
     bool passed = false;
     {
         const QuietKernel quiet;
-        passed = ZelSettings::EnsureSettings(copy, error);
+        passed = ZelSettingsFile::PlanRepairs(copy, repairs, missing, error) && ZelSettings::EnsureSettings(copy, error);
     }
-    std::vector<std::pair<QString, QString>> repairs;
-    for (auto it = before.cbegin(); it != before.cend(); ++it) {
-        const QString after = ZelSettings::GetSettingText(copy, it.key());
-        if (after == it.value())
-            continue;
-        m_out << it.key() << QStringLiteral(": ") << quoted(it.value()) << QStringLiteral(" -> ") << quoted(after)
-              << '\n';
-        repairs.emplace_back(it.key(), after);
+    // A file set aside starts again from the defaults; those are no news key by key.
+    if (layout != ZelSettingsFile::Layout::Discard) {
+        for (const SettingRepair& repair : repairs)
+            lines.append(change(repair.key, repair.before, repair.after));
+        for (const QString& key : passed ? missing : QStringList()) {
+            lines.append(QStringLiteral("%1: added with the default %2")
+                             .arg(key, quoted(ZelSettings::GetSettingText(copy, key))));
+        }
     }
+    for (const QString& line : lines)
+        m_out << line << '\n';
     m_out.flush();
     if (!passed) {
         m_err << QStringLiteral("torvane-config: ") << error << Qt::endl;
         return ExitValidatorFailed;
     }
-    if (repairs.empty())
+    if (lines.isEmpty())
         return ExitDone;
     if (!fix)
         return ExitRefused;
 
-    if (!writable() || !writeBackup(original))
+    if (!writable())
         return ExitFileError;
+    const bool kept = layout == ZelSettingsFile::Layout::Discard
+        ? ZelSettingsFile::SetAside(m_file, m_copy, error)
+        : ZelSettingsFile::KeepCopy(m_file, *bytes, m_copy, error);
+    if (!kept) {
+        m_err << QStringLiteral("torvane-config: ") << error << Qt::endl;
+        return ExitFileError;
+    }
     QSettings settings(m_file, ZelSettings::SettingsFormat());
-    for (const auto& [key, value] : repairs)
-        settings.setValue(key, value);
+    startAsEditor(settings);
+    for (const SettingRepair& repair : repairs)
+        settings.setValue(repair.key, repair.after);
+    for (const QString& key : missing)
+        settings.setValue(key, ZelSettings::GetSettingText(copy, key));
     const int result = saved(settings);
     if (result == ExitDone)
-        m_out << QStringLiteral("Repaired %1 %2; the previous file is kept as %3.bak")
-                     .arg(QString::number(repairs.size()),
-                          repairs.size() == 1 ? QStringLiteral("value") : QStringLiteral("values"), m_file)
-              << Qt::endl;
+        m_out << QStringLiteral("The previous file is kept as %1").arg(m_copy) << Qt::endl;
     return result;
 }
 
@@ -374,7 +414,7 @@ int ConfigCommands::beginChange(QSettings& settings, const std::optional<QByteAr
     if (!writable())
         return ExitFileError;
     if (layout == ZelSettingsFile::Layout::Missing) {
-        settings.setValue(SettingsKeys::SettingsVersion, QString::number(ZelSettingsFile::CurrentVersion()));
+        startAfresh(settings, QVariant());
     } else if (layout == ZelSettingsFile::Layout::Upgrade) {
         QString error;
         if (!ZelSettingsFile::KeepCopy(m_file, bytes.value_or(QByteArray()), m_copy, error)) {
@@ -451,17 +491,6 @@ QString ConfigCommands::command(const QString& arguments) const
 {
     return m_makeFolder ? QStringLiteral("torvane-config ") + arguments
                         : QStringLiteral("torvane-config --file %1 %2").arg(m_file, arguments);
-}
-
-bool ConfigCommands::writeBackup(const QByteArray& contents)
-{
-    QSaveFile backup(m_file + QStringLiteral(".bak"));
-    if (backup.open(QIODevice::WriteOnly) && backup.write(contents) == contents.size() && backup.commit())
-        return true;
-    m_err << QStringLiteral("torvane-config: cannot keep the previous file as %1: %2")
-                 .arg(backup.fileName(), backup.errorString())
-          << Qt::endl;
-    return false;
 }
 
 } // namespace zel

@@ -14,7 +14,7 @@ namespace zel {
 // Exit codes of torvane-config, as its help lists them.
 enum ConfigExit {
     ExitDone = 0,
-    ExitRefused = 1, // also: check found repairs to make
+    ExitRefused = 1, // also: check found what the editor's next start would change
     ExitUsage = 2,
     ExitValidatorFailed = 3,
     ExitFileError = 4,
@@ -58,7 +58,6 @@ private:
     int saved(QSettings& settings);
     // This tool's command line for `arguments` on the same file.
     QString command(const QString& arguments) const;
-    bool writeBackup(const QByteArray& contents);
 
     QString m_file;
     bool m_makeFolder = false;

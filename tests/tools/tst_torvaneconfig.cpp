@@ -5,6 +5,7 @@
 #include "ZelSettings.h"
 #include "ZelSettingsFile.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
@@ -119,6 +120,9 @@ private Q_SLOTS:
     void versionOneIsUpgraded();
     void resetAllKeepsTheLayout();
     void checkAndFix();
+    void checkLayouts_data();
+    void checkLayouts();
+    void fixKeepsEveryCopy();
     void failingValidator();
     void editorOpenAtTheSameTime();
     void fileProblems_data();
@@ -235,12 +239,15 @@ void TorvaneConfigTest::set()
     QFETCH(QString, key);
     QFETCH(QString, value);
     QFETCH(QString, stored);
+    // A file the editor's start leaves as it is, so that check sees only the new value.
     QVERIFY(writeBytes(iniPath(), "settingsVersion=2\nlanguage=fr\n"));
+    QCOMPARE(run(onFile({"check", "--fix"})).exitCode, 0);
+    const QByteArray before = fileBytes(iniPath());
     const Result result = run(onFile({"set", key, value}));
     if (stored != value) {
         QCOMPARE(result.exitCode, 1);
         QVERIFY2(result.err.contains("would store '" + stored + "'"), qPrintable(result.err));
-        QCOMPARE(fileBytes(iniPath()), "settingsVersion=2\nlanguage=fr\n");
+        QCOMPARE(fileBytes(iniPath()), before);
         return;
     }
     QCOMPARE(result.exitCode, 0);
@@ -371,28 +378,96 @@ void TorvaneConfigTest::checkAndFix()
     QVERIFY(writeBytes(iniPath(), HandEdited));
     const Result check = run(onFile({"check"}));
     QCOMPARE(check.exitCode, 1);
-    QCOMPARE(check.out, "Resources/MaxGPUMemory: '1' -> '134217728'\nengine: 'Deferred' -> 'deferred'\n");
+    QVERIFY2(check.out.startsWith("Resources/MaxGPUMemory: '1' -> '134217728'\nengine: 'Deferred' -> 'deferred'\n"),
+             qPrintable(check.out));
+    QVERIFY2(check.out.contains("\nDBCache/cacheSize: added with the default '4096'\n"), qPrintable(check.out));
     QCOMPARE(fileBytes(iniPath()), HandEdited);
-    QVERIFY(!QFile::exists(iniPath() + ".bak"));
+    QCOMPARE(copies(), QStringList());
 
     const Result fix = run(onFile({"check", "--fix"}));
     QCOMPARE(fix.exitCode, 0);
-    QVERIFY(fix.out.startsWith(check.out));
-    QCOMPARE(fileBytes(iniPath() + ".bak"), HandEdited);
+    QCOMPARE(copies().size(), 1);
+    const QString copy = m_folder.filePath(copies().first());
+    QCOMPARE(fix.out, check.out + "The previous file is kept as " + copy + "\n");
+    QCOMPARE(fileBytes(copy), HandEdited);
     const Result again = run(onFile({"check"}));
     QCOMPARE(again.out, QString());
     QCOMPARE(again.exitCode, 0);
 
-    // The fixed file holds all the editor's pass would keep: passing over it gives the
-    // very bytes the pass gives over the damaged file.
+    // The fixed file is byte for byte what the editor's pass makes of the damaged one.
     const QByteArray fixed = fileBytes(iniPath());
-    const QByteArray passedFixed = afterEditorPass(iniPath());
     QVERIFY(writeBytes(iniPath(), HandEdited));
-    const QByteArray passedOriginal = afterEditorPass(iniPath());
-    QCOMPARE(passedFixed, passedOriginal);
+    QCOMPARE(fixed, afterEditorPass(iniPath()));
     // The byte-order mark and the CRLF line ends stay.
     QVERIFY(fixed.startsWith("\xEF\xBB\xBF"));
     QVERIFY(!fixed.contains("\n[") || fixed.contains("\r\n["));
+}
+
+void TorvaneConfigTest::checkLayouts_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("report"); // after the file's path
+    QTest::addColumn<QVariantMap>("fixed"); // values after --fix; an invalid one: no such key
+
+    const QString setAside = ": the settings editor sets it aside at its next start, keeping only the language";
+    QTest::newRow("no version") << QByteArray("language=fr\nengine=software\n[Notes]\ntodo=x\n")
+                                << " has no settings version" + setAside
+                                << QVariantMap {{"settingsVersion", "2"}, {"language", "fr"}, {"engine", "deferred"},
+                                                {"Notes/todo", QVariant()}};
+    QTest::newRow("unknown version") << QByteArray("settingsVersion=abc\n[DBCache]\ncacheSize=100\n")
+                                     << " has an unknown settings version 'abc'" + setAside
+                                     << QVariantMap {{"settingsVersion", "2"}, {"language", "en"},
+                                                     {"DBCache/cacheSize", "4096"}};
+    QTest::newRow("version 1") << QByteArray("settingsVersion=1\nengine=software\n[Notes]\ntodo=x\n")
+                               << " has settings version 1: the settings editor upgrades it at its next start\n"
+                                  "engine: 'software' -> 'deferred'\nsettingsVersion: '1' -> '2'"
+                               << QVariantMap {{"settingsVersion", "2"}, {"engine", "deferred"}, {"Notes/todo", "x"}};
+}
+
+void TorvaneConfigTest::checkLayouts()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, report);
+    QFETCH(QVariantMap, fixed);
+    QVERIFY(writeBytes(iniPath(), bytes));
+    const Result check = run(onFile({"check"}));
+    QCOMPARE(check.exitCode, 1);
+    QVERIFY2(check.out.startsWith(iniPath() + report + "\n"), qPrintable(check.out));
+    QCOMPARE(fileBytes(iniPath()), bytes);
+    QCOMPARE(copies(), QStringList());
+
+    QCOMPARE(run(onFile({"check", "--fix"})).exitCode, 0);
+    QCOMPARE(copies().size(), 1);
+    QCOMPARE(fileBytes(m_folder.filePath(copies().first())), bytes);
+    const QSettings settings(iniPath(), CC::SettingsFormat());
+    QCOMPARE(ZelSettingsFile::InspectLayout(settings), ZelSettingsFile::Layout::Current);
+    for (auto it = fixed.cbegin(); it != fixed.cend(); ++it)
+        QCOMPARE(settings.value(it.key()), it.value());
+    const Result again = run(onFile({"check"}));
+    QCOMPARE(again.out, QString());
+    QCOMPARE(again.exitCode, 0);
+}
+
+void TorvaneConfigTest::fixKeepsEveryCopy()
+{
+    // Copies an earlier run could have made in the seconds this one runs, and one made
+    // the old way: none of them is replaced.
+    const QDateTime now = QDateTime::currentDateTime();
+    QStringList earlier {iniPath() + ".bak"};
+    for (int second = 0; second < 3; ++second)
+        earlier.append(iniPath() + now.addSecs(second).toString(".yyyyMMdd-HHmmss") + ".bak");
+    for (const QString& copy : earlier)
+        QVERIFY(writeBytes(copy, "earlier"));
+    const QByteArray damaged = "settingsVersion=2\nengine=Software\n";
+    QVERIFY(writeBytes(iniPath(), damaged));
+
+    const Result fix = run(onFile({"check", "--fix"}));
+    QCOMPARE(fix.exitCode, 0);
+    for (const QString& copy : earlier)
+        QCOMPARE(fileBytes(copy), "earlier");
+    const QString kept = fix.out.section("The previous file is kept as ", 1).trimmed();
+    QVERIFY2(!earlier.contains(kept), qPrintable(fix.out));
+    QCOMPARE(fileBytes(kept), damaged);
 }
 
 void TorvaneConfigTest::failingValidator()
@@ -400,7 +475,7 @@ void TorvaneConfigTest::failingValidator()
     // The default log file's folder would be under a regular file. The cache folder,
     // checked before it, is repaired.
     const QString blocked = m_folder.filePath("blocked");
-    const QByteArray damaged = "[DBCache]\ncacheDirectory=" + m_folder.filePath("gone").toUtf8() + "\n";
+    const QByteArray damaged = "settingsVersion=2\n[DBCache]\ncacheDirectory=" + m_folder.filePath("gone").toUtf8() + "\n";
     QVERIFY(writeBytes(blocked, "") && writeBytes(iniPath(), damaged));
     const QString error = "Could not use the Torvane log file, file \"" + blocked
                         + "/TorvaneBoundlessX64/log.txt\" could not be created\n";
@@ -411,7 +486,7 @@ void TorvaneConfigTest::failingValidator()
         QCOMPARE(result.exitCode, 3);
         QCOMPARE(result.err, "torvane-config: " + error);
         QCOMPARE(fileBytes(iniPath()), damaged);
-        QVERIFY(!QFile::exists(iniPath() + ".bak"));
+        QCOMPARE(copies(), QStringList());
     }
     // The repairs before the failing key are still reported.
     QVERIFY(run(onFile({"check"}), environment).out.startsWith("DBCache/cacheDirectory: '" + m_folder.filePath("gone")));
