@@ -1,6 +1,7 @@
 #include "ConfigCommands.h"
 
 #include "ConfigCommandLine.h"
+#include "ZelSettingRange.h"
 #include "ZelSettings.h"
 #include "ZelSettingsFile.h"
 #include "ZelSettingsKeys.h"
@@ -234,9 +235,12 @@ int ConfigCommands::set(const QString& key, const QString& value)
         return ExitValidatorFailed;
     }
     if (kept != value) {
-        m_err << QStringLiteral("torvane-config: refused: Torvane would store %1 for %2, not %3")
-                     .arg(quoted(kept), key, quoted(value))
-              << Qt::endl;
+        const SettingRange range = ZelSettings::GetSettingRange(key);
+        m_err << QStringLiteral("torvane-config: refused: %1 accepts %2, not %3").arg(key, range.describe(), quoted(value));
+        // "a folder path" does not tell what is wrong with this one.
+        if (range.kind == SettingRange::Kind::Folder || range.kind == SettingRange::Kind::File)
+            m_err << QStringLiteral("; Torvane would store %1").arg(quoted(kept));
+        m_err << Qt::endl;
         return ExitRefused;
     }
 

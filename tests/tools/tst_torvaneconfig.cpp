@@ -2,6 +2,7 @@
 // folder in a temporary one.
 #include "SettingsFiles.h"
 #include "TestHome.h"
+#include "ZelSettingRange.h"
 #include "ZelSettings.h"
 #include "ZelSettingsFile.h"
 
@@ -222,31 +223,45 @@ void TorvaneConfigTest::set_data()
 {
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("value");
-    QTest::addColumn<QString>("stored"); // what the program would store; the value itself when kept
+    QTest::addColumn<QString>("refusal"); // after "torvane-config: refused: "; empty when the value is kept
 
     // The validators' own bounds are the settings tests' business; here, that the tool
-    // refuses what they would repair and keeps what they accept, lists and dashes too.
-    QTest::newRow("memory below") << "Resources/MaxGPUMemory" << "134217727" << "134217728";
-    QTest::newRow("memory at maximum") << "Resources/MaxCPUMemory3D" << "8489271296" << "8489271296";
-    QTest::newRow("engine case") << "engine" << "Software" << "deferred";
-    QTest::newRow("three ratios") << "Simplification/Ratios" << "1/0.5/0.25" << "1/0.75/0.5/0.25/0.1";
-    QTest::newRow("value with a dash") << "debuglogtypeblacklist" << "-v" << "-v";
-    QTest::newRow("list") << "debuglogtypeblacklist" << "debug, warning" << "debug, warning";
+    // refuses what they would repair, saying what is accepted, and keeps the rest.
+    const QString cacheSize = "DBCache/cacheSize accepts a whole number from 10 to 10240, not ";
+    QTest::newRow("cache size, not a number") << "DBCache/cacheSize" << "abc" << cacheSize + "'abc'";
+    QTest::newRow("cache size, negative") << "DBCache/cacheSize" << "-5" << cacheSize + "'-5'";
+    QTest::newRow("cache size, too large") << "DBCache/cacheSize" << "999999" << cacheSize + "'999999'";
+    QTest::newRow("cache size, kept") << "DBCache/cacheSize" << "2048" << "";
+    const auto accepts = [](const QString& key, const QString& value) {
+        return key + " accepts " + CC::GetSettingRange(key).describe() + ", not '" + value + "'";
+    };
+    QTest::newRow("memory below") << "Resources/MaxGPUMemory" << "134217727"
+                                  << accepts("Resources/MaxGPUMemory", "134217727");
+    QTest::newRow("memory at maximum") << "Resources/MaxCPUMemory3D" << "8489271296" << "";
+    QTest::newRow("engine case") << "engine" << "Software" << accepts("engine", "Software");
+    QTest::newRow("three ratios") << "Simplification/Ratios" << "1/0.5/0.25" << accepts("Simplification/Ratios", "1/0.5/0.25");
+    // A path's range does not say what is wrong with it; the value stored instead does.
+    const QString absent = m_folder.filePath("absent/log.txt");
+    QTest::newRow("log file in no folder") << "Logging/logFile" << absent
+                                           << accepts("Logging/logFile", absent) + "; Torvane would store '"
+                                                  + m_home.configPath() + "/TorvaneBoundlessX64/log.txt'";
+    QTest::newRow("value with a dash") << "debuglogtypeblacklist" << "-v" << "";
+    QTest::newRow("list") << "debuglogtypeblacklist" << "debug, warning" << "";
 }
 
 void TorvaneConfigTest::set()
 {
     QFETCH(QString, key);
     QFETCH(QString, value);
-    QFETCH(QString, stored);
+    QFETCH(QString, refusal);
     // A file the editor's start leaves as it is, so that check sees only the new value.
     QVERIFY(writeBytes(iniPath(), "settingsVersion=2\nlanguage=fr\n"));
     QCOMPARE(run(onFile({"check", "--fix"})).exitCode, 0);
     const QByteArray before = fileBytes(iniPath());
     const Result result = run(onFile({"set", key, value}));
-    if (stored != value) {
+    if (!refusal.isEmpty()) {
         QCOMPARE(result.exitCode, 1);
-        QVERIFY2(result.err.contains("would store '" + stored + "'"), qPrintable(result.err));
+        QCOMPARE(result.err, "torvane-config: refused: " + refusal + "\n");
         QCOMPARE(fileBytes(iniPath()), before);
         return;
     }
