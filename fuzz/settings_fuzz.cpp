@@ -6,7 +6,7 @@
 //   - what we read, written anew, reads back the same in our format and in Qt's own.
 // Crashes and sanitizer reports end the program by themselves.
 //
-//   settings_fuzz [--seconds N] [--seed N] [file...]
+//   settings_fuzz [--help] [--seconds N] [--seed N] [file...]
 // Files given are run once each instead of the mutation loop.
 
 #include "ZelSettings.h"
@@ -264,6 +264,13 @@ int main(int argc, char** argv)
     quint32 seed = 1;
     QStringList files;
     for (int i = 0; i < arguments.size(); ++i) {
+        if (arguments[i] == QLatin1String("--help") || arguments[i] == QLatin1String("-h")) {
+            std::cout << "Usage: settings_fuzz [--seconds N] [--seed N] [file...]\n"
+                         "Mutates Settings.ini files for --seconds (60 unless given), drawing from\n"
+                         "--seed (1 unless given); files given run once each instead. Exits with 1 at\n"
+                         "the first input that breaks a rule, kept as settings-fuzz-failure.ini here.\n";
+            return 0;
+        }
         if (arguments[i] == QLatin1String("--seconds") && i + 1 < arguments.size())
             seconds = arguments[++i].toInt();
         else if (arguments[i] == QLatin1String("--seed") && i + 1 < arguments.size())
