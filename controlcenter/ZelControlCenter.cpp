@@ -240,6 +240,17 @@ bool ZelControlCenter::applyModifications()
     return restartNeeded;
 }
 
+void ZelControlCenter::setSettingsWritable(bool writable)
+{
+    m_settingsWritable = writable;
+    onStateChanged();
+}
+
+void ZelControlCenter::reevaluateButtons()
+{
+    onStateChanged();
+}
+
 void ZelControlCenter::setGUIHandler(QWidget* handler)
 {
     m_guiHandler = handler;
@@ -478,6 +489,7 @@ void ZelControlCenter::on_applyButton_clicked()
             QMessageBox::Ok, nullptr, {}, {}, false);
     }
     onStateChanged();
+    Q_EMIT modificationsApplied();
 }
 
 void ZelControlCenter::on_resetButton_clicked()
@@ -497,7 +509,7 @@ void ZelControlCenter::onPanelClicked(const QString& pPanelName)
 
 void ZelControlCenter::onStateChanged()
 {
-    m_ui->applyButton->setEnabled(hasModifications());
+    m_ui->applyButton->setEnabled(m_settingsWritable && hasModifications());
     m_ui->resetButton->setEnabled(std::any_of(m_panels.cbegin(), m_panels.cend(), [](const ZelSettingsPanel* panel) {
         return panel->canResetContent();
     }));

@@ -71,6 +71,10 @@ public:
     bool hasModifications() const;
     // Applies every page; true when one of them needs a restart.
     bool applyModifications();
+    // Called by a host whose settings cannot be written: while false, Apply stays disabled.
+    void setSettingsWritable(bool writable);
+    // Re-evaluates Apply and Reset, for a host that changed what the pages compare with.
+    void reevaluateButtons();
 
     // Clicks outside the control center close it only when they land inside `handler`
     // (not owned).
@@ -101,6 +105,11 @@ public:
     void setInterfaceColor(const QColor& color, const QString& iconOnFile, const QString& iconOffFile);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
+
+Q_SIGNALS:
+    // Emitted at the end of an Apply by the Apply button, after the pages wrote their
+    // values and any restart question: the host may write the settings to disk now.
+    void modificationsApplied();
 
 public Q_SLOTS:
     void openMenu(bool open);
@@ -159,6 +168,7 @@ private:
     QPointer<QScrollArea> m_drawer;
     bool m_menuOpen = false;
     bool m_settingsOpen = false;
+    bool m_settingsWritable = true;
 };
 
 } // namespace zel

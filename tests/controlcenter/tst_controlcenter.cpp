@@ -1,5 +1,6 @@
 #include "ControlCenterFakes.h"
 #include "TestHome.h"
+#include "TestInput.h"
 #include "ZelCCActionItem.h"
 #include "zelAction.h"
 
@@ -110,6 +111,45 @@ private Q_SLOTS:
         host.cc->unregisterSettingsPanel(&a, true);
         QCOMPARE(host.cc->settingsPanels(), (Pages{&b, &c}));
         QVERIFY(!a.parentWidget() && !a.getActionWidget()->parentWidget() && !apply->isEnabled());
+    }
+
+    // A host that writes the settings itself: Apply stays off while they cannot be
+    // written, and each Apply by the button is announced once the pages wrote their
+    // values and the restart question was answered.
+    void applyForAHostThatWritesTheFile()
+    {
+        TestHost host(Host::Viewer);
+        QStringList journal;
+        TestPage page(&host.app, "A", &journal);
+        page.restartNeeded = true;
+        host.cc->registerSettingsPanel(&page);
+        host.cc->openMenu(true);
+        finishSlides(host.cc);
+        host.cc->openSettings();
+        finishSlides(host.cc);
+        auto* apply = part<QPushButton>(host.cc, "applyButton");
+        const BoxAnswerer answerer(QMessageBox::Ok);
+        connect(host.cc, &ZelControlCenter::modificationsApplied, this, [&] {
+            journal.append(QStringLiteral("applied after %1 question").arg(answerer.seen.size()));
+        });
+
+        host.cc->setSettingsWritable(false);
+        page.setModified(true);
+        QVERIFY(!apply->isEnabled());
+        click(apply);
+        QCOMPARE(journal.filter("apply"), QStringList());
+
+        host.cc->setSettingsWritable(true);
+        QVERIFY(apply->isEnabled());
+        click(apply);
+        QCOMPARE(journal.filter("appl"), (QStringList{"A.applyModifications", "applied after 1 question"}));
+        QVERIFY(!apply->isEnabled());
+
+        // The page's answer changed without a word from it: only the host can tell.
+        page.setModified(true, false);
+        QVERIFY(!apply->isEnabled());
+        host.cc->reevaluateButtons();
+        QVERIFY(apply->isEnabled());
     }
 
     void actionItemMirrorsItsAction()

@@ -106,7 +106,14 @@ public:
     {
         setPanelName(name);
     }
-    void setModified(bool modified) { m_modified = modified; Q_EMIT stateChanged(); }
+    // Unannounced, the change is one the page never heard of: the host changed what it
+    // compares with.
+    void setModified(bool modified, bool announce = true)
+    {
+        m_modified = modified;
+        if (announce)
+            Q_EMIT stateChanged();
+    }
     void setResettable(bool resettable) { m_resettable = resettable; Q_EMIT stateChanged(); }
 
     // Loading or applying leaves no pending edit; resetting leaves the defaults pending.
