@@ -2,6 +2,9 @@
 #include "ui_ZelRendererSettingsPanel.h"
 
 #include "ZelPanelDefaults.h"
+#include "ZelPanelRanges.h"
+#include "ZelSettingRange.h"
+#include "ZelSettings.h"
 #include "ZelSettingsKeys.h"
 #include "kqDMIApplication.h"
 #include "kqDMRenderer.h"
@@ -10,30 +13,39 @@
 
 #include <QCoreApplication>
 #include <QSettings>
-#include <QThread>
 
+#include <algorithm>
+#include <climits>
 #include <cmath>
-#include <iterator>
 
 namespace zel {
 
 namespace {
 
-// Units per metre, in the order of the scene-unit combo box: km, hm, dam, m, dm, cm, mm.
-constexpr float SceneUnitFactors[] = {0.001f, 0.01f, 0.1f, 1.0f, 10.0f, 100.0f, 1000.0f};
-constexpr int MetreIndex = 3;
+// The scene units are the choices of their key's range, kilometre first, in the order
+// of the combo box; the metre is one unit per metre.
+constexpr QLatin1String Metre("1");
 constexpr float SceneUnitTolerance = 0.001f;
-// The memory fields show mebibytes; the settings hold bytes.
-constexpr int MebibyteShift = 20;
+
+QStringList sceneUnits()
+{
+    return ZelSettings::GetSettingRange(SettingsKeys::SceneUnits).choices;
+}
+
+// The memory fields count in the step of the budgets' range, the settings in bytes.
+quint64 memoryUnit()
+{
+    return quint64(ZelSettings::GetSettingRange(SettingsKeys::MaxGPUMemory).step);
+}
 
 int mebibytes(quint64 bytes)
 {
-    return int(bytes >> MebibyteShift);
+    return int(std::min<quint64>(bytes / memoryUnit(), INT_MAX));
 }
 
 quint64 bytes(int mebibytes)
 {
-    return quint64(mebibytes) << MebibyteShift;
+    return quint64(mebibytes) * memoryUnit();
 }
 
 } // namespace
@@ -65,6 +77,12 @@ ZelRendererSettingsPanel::ZelRendererSettingsPanel(kqDMIApplication* application
 {
     m_ui->setupUi(this);
     setResetButton(m_ui->resetButton);
+    PanelRanges::fit(m_ui->maxCPU3DSpinBox, SettingsKeys::MaxCPUMemory3D);
+    PanelRanges::fit(m_ui->maxCPURaySpinBox, SettingsKeys::MaxCPUMemoryRaytracer);
+    PanelRanges::fit(m_ui->maxGPUSPinBox, SettingsKeys::MaxGPUMemory);
+    PanelRanges::fit(m_ui->maxTrianglesSpinBox, SettingsKeys::LODTrianglesCap);
+    PanelRanges::fit(m_ui->coreUsedSlider, SettingsKeys::RaytracerCoreNumber);
+    PanelRanges::fit(m_ui->qualitySlider, SettingsKeys::RaytracerQuality);
     setStyleSheet(kqDMIApplication::GetStylesheet(QStringLiteral("ZelRendererSettingsPanel")));
 
     const QSettings& stored = this->settings();
@@ -75,10 +93,6 @@ ZelRendererSettingsPanel::ZelRendererSettingsPanel(kqDMIApplication* application
     setPanelName(QCoreApplication::translate("ZelRendererSettingsPanel", "Display"));
     setPanelCategory(ApplicationCategory);
 
-    const int processors = QThread::idealThreadCount();
-    if (processors != -1)
-        m_ui->coreUsedSlider->setMaximum(processors);
-    m_ui->qualitySlider->setMaximum(int(m_qualityNames.size()) - 1);
     m_ui->extendOptionFrame->hide();
     getCurrentModel(m_formModel);
 }
@@ -87,11 +101,12 @@ ZelRendererSettingsPanel::~ZelRendererSettingsPanel() = default;
 
 int ZelRendererSettingsPanel::GetSceneUnitComboIndex(float factor)
 {
-    for (int index = 0; index < int(std::size(SceneUnitFactors)); ++index) {
-        if (std::fabs(factor - SceneUnitFactors[index]) < SceneUnitTolerance)
+    const QStringList units = sceneUnits();
+    for (int index = 0; index < units.size(); ++index) {
+        if (std::fabs(factor - units[index].toFloat()) < SceneUnitTolerance)
             return index;
     }
-    return MetreIndex;
+    return int(units.indexOf(Metre));
 }
 
 void ZelRendererSettingsPanel::on_resetButton_clicked()
@@ -340,13 +355,13 @@ void ZelRendererSettingsPanel::announceEdit()
 void ZelRendererSettingsPanel::saveQualitySettings()
 {
     settings().setValue(SettingsKeys::RaytracerQuality,
-                        kqDMRenderer::scQualityEnum[std::size_t(m_ui->qualitySlider->value())]);
+                 kqDMRenderer::scQualityEnum[std::size_t(m_ui->qualitySlider->value())]);
 }
 
 void ZelRendererSettingsPanel::saveEngineSettings()
 {
-    settings().setValue(SettingsKeys::Engine, m_ui->raytracerButton->isChecked() ? QStringLiteral("software")
-                                                                                  : QStringLiteral("deferred"));
+    settings().setValue(SettingsKeys::Engine,
+                 m_ui->raytracerButton->isChecked() ? QStringLiteral("software") : QStringLiteral("deferred"));
 }
 
 void ZelRendererSettingsPanel::saveCoreNumberSettings()
@@ -371,9 +386,9 @@ void ZelRendererSettingsPanel::saveEdgeDetectSettings()
 
 void ZelRendererSettingsPanel::saveSceneUnitSettings()
 {
+    const QStringList units = sceneUnits();
     const int index = m_ui->sceneUnitComboBox->currentIndex();
-    const float factor = index >= 0 && index < int(std::size(SceneUnitFactors)) ? SceneUnitFactors[index] : 1.0f;
-    settings().setValue(SettingsKeys::SceneUnits, QString::number(factor, 'g', 6));
+    settings().setValue(SettingsKeys::SceneUnits, index >= 0 && index < units.size() ? units[index] : QString(Metre));
 }
 
 void ZelRendererSettingsPanel::saveResourcesSettings()

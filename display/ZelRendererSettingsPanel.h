@@ -48,8 +48,8 @@ public:
                              Qt::WindowFlags flags = {});
     ~ZelRendererSettingsPanel() override;
 
-    // Row of the scene-unit table for a stored factor (units per metre): the first
-    // unit within 0.001 of it, else the metre.
+    // Row of the scene-unit table (the choices of its key's range) for a stored factor
+    // (units per metre): the first unit within 0.001 of it, else the metre.
     static int GetSceneUnitComboIndex(float factor);
 
 Q_SIGNALS:

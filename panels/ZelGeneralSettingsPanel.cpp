@@ -2,6 +2,8 @@
 #include "ui_ZelGeneralSettingsPanel.h"
 
 #include "ZelPanelDefaults.h"
+#include "ZelPanelRanges.h"
+#include "ZelSettings.h"
 #include "ZelSettingsKeys.h"
 #include "kqDMIApplication.h"
 #include "kqDMManager.h"
@@ -21,6 +23,13 @@ QString askForFolder(QWidget* parent, const QString& title, const QString& start
     return QFileDialog::getExistingDirectory(parent, title, startFolder, QFileDialog::ShowDirsOnly);
 }
 
+// Empty when absent. A hand-written path with an unquoted comma reads back as a list:
+// it is shown whole, as the validation pass saw it, not emptied.
+QString storedText(const QSettings& settings, QLatin1String key)
+{
+    return settings.contains(key) ? ZelSettings::GetSettingText(settings, key) : QString();
+}
+
 } // namespace
 
 bool GeneralModel::operator==(const GeneralModel& other) const
@@ -36,12 +45,13 @@ ZelGeneralSettingsPanel::ZelGeneralSettingsPanel(kqDMIApplication* application, 
     , m_folderChooser(askForFolder)
 {
     m_ui->setupUi(this);
+    PanelRanges::fit(m_ui->databaseSpinBox, SettingsKeys::CacheSize);
     m_formCacheSize = m_ui->databaseSpinBox->value();
     setResetButton(m_ui->resetButton);
     setStyleSheet(kqDMIApplication::GetStylesheet(QStringLiteral("ZelGeneralSettingsPanel")));
     setPanelName(tr("Folders"));
     setPanelCategory(ApplicationCategory);
-    m_initialCacheDirectory = this->settings().value(SettingsKeys::CacheDirectory).toString();
+    m_initialCacheDirectory = storedText(this->settings(), SettingsKeys::CacheDirectory);
 }
 
 ZelGeneralSettingsPanel::~ZelGeneralSettingsPanel() = default;
@@ -98,7 +108,7 @@ bool ZelGeneralSettingsPanel::shouldRestart() const
 {
     // Going back to the folder the running process already uses needs no restart,
     // although the stored value changes.
-    const QString stored = settings().value(SettingsKeys::CacheDirectory).toString();
+    const QString stored = storedText(settings(), SettingsKeys::CacheDirectory);
     const QString current = m_ui->databaseButton->toolTip();
     return current != stored && current != m_initialCacheDirectory;
 }
@@ -119,8 +129,8 @@ void ZelGeneralSettingsPanel::setMaxCacheSize()
 
 void ZelGeneralSettingsPanel::readSettings(GeneralModel& model) const
 {
-    model.cacheDirectory = settings().value(SettingsKeys::CacheDirectory).toString();
-    model.screenshotFolder = settings().value(SettingsKeys::ScreenshotFolder).toString();
+    model.cacheDirectory = storedText(settings(), SettingsKeys::CacheDirectory);
+    model.screenshotFolder = storedText(settings(), SettingsKeys::ScreenshotFolder);
     // Absent or unreadable, the size would read as 0, which the spin box shows as its
     // minimum: a pending edit that nobody made, and a tiny cache if applied. The
     // default stands in instead, or the form's own value when none is registered.

@@ -2,6 +2,7 @@
 #include "ui_ZelImportSettingsPanel.h"
 
 #include "ZelPanelDefaults.h"
+#include "ZelPanelRanges.h"
 #include "ZelSettingsKeys.h"
 #include "kqDMIApplication.h"
 
@@ -45,6 +46,9 @@ ZelImportSettingsPanel::ZelImportSettingsPanel(kqDMIApplication* application, QS
     , m_ui(std::make_unique<Ui::ZelImportSettingsPanel>())
 {
     m_ui->setupUi(this);
+    PanelRanges::fit(m_ui->faceSagSpin, SettingsKeys::TesselationMaxFaceSag);
+    PanelRanges::fit(m_ui->faceLengthSpin, SettingsKeys::TesselationMaxFaceLength);
+    PanelRanges::fit(m_ui->faceAngleSpin, SettingsKeys::TesselationMaxFaceAngle);
     setResetButton(m_ui->resetButton);
     setStyleSheet(kqDMIApplication::GetStylesheet(QStringLiteral("ZelImportSettingsPanel")));
     setPanelName(tr("Tessellation"));

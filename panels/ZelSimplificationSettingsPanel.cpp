@@ -3,6 +3,7 @@
 
 #include "ZelControlCenter.h"
 #include "ZelPanelImages.h"
+#include "ZelPanelRanges.h"
 #include "ZelSettingsKeys.h"
 #include "kqDMIApplication.h"
 #include "kqDMManager.h"
@@ -39,6 +40,10 @@ ZelSimplificationSettingsPanel::ZelSimplificationSettingsPanel(kqDMIApplication*
     , m_ui(std::make_unique<Ui::ZelSimplificationSettingsPanel>())
 {
     m_ui->setupUi(this);
+    // Level 1 always keeps everything and is never set.
+    for (QDoubleSpinBox* level : levels())
+        PanelRanges::fitPercent(level, SettingsKeys::SimplificationRatios);
+    m_ui->ratio1->setMinimum(m_ui->ratio1->maximum());
     setResetButton(m_ui->resetButton);
     setStyleSheet(kqDMIApplication::GetStylesheet(QStringLiteral("ZelSimplificationSettingsPanel")));
     setPanelName(tr("Simplification"));

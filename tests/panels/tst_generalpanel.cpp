@@ -198,6 +198,21 @@ private Q_SLOTS:
         QVERIFY(!general.page->hasModifications());
     }
 
+    // A text editor's path with an unquoted comma reads back as a list; the page shows
+    // it whole, as the validation pass saw it.
+    void aPathWithACommaShowsWhole()
+    {
+        GeneralPage general({{Keys::CacheDirectory, "/stored/cache"}, {Keys::CacheSize, "2048"}});
+        QFile file(general.settings.fileName());
+        QVERIFY(file.open(QIODevice::Append));
+        QVERIFY(file.write("[screenshot]\nImageFolder=/shots, old\n") > 0);
+        file.close();
+        general.settings.sync();
+        general.page->initializeWidget();
+        QCOMPARE(general.button("screenshotFolderButton")->toolTip(), "/shots, old");
+        QVERIFY(!general.page->hasModifications());
+    }
+
     void keysNobodyRegistered()
     {
         // Nothing stored, nothing registered: no pending edit, nothing to reset, no empty
