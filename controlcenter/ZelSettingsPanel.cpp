@@ -67,6 +67,11 @@ void ZelSettingsPanel::unregisterCCActionByName(const QString& name)
     Q_UNUSED(name)
 }
 
+QStringList ZelSettingsPanel::reloadStoredSettings()
+{
+    return {};
+}
+
 kqDMIApplication* ZelSettingsPanel::application() const
 {
     return m_application;

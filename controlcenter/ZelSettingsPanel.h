@@ -3,6 +3,7 @@
 #include "ZelControlCenterExport.h"
 
 #include <QString>
+#include <QStringList>
 #include <QWidget>
 
 class QPushButton;
@@ -79,6 +80,12 @@ public:
     // Called by the host to take back the action of that name: stop using it.
     // The base holds none.
     virtual void unregisterCCActionByName(const QString& name);
+    // Called by the host after another program changed the settings file and the shared
+    // settings were re-read: show the new stored value of every field the user has not
+    // edited and keep the pending edits. Returns the keys whose pending edit now differs
+    // from a value the other program stored there (the user's Apply will replace it).
+    // The base leaves its widgets alone and returns nothing.
+    virtual QStringList reloadStoredSettings();
 
 protected:
     kqDMIApplication* application() const;

@@ -354,53 +354,53 @@ void ZelRendererSettingsPanel::announceEdit()
 
 void ZelRendererSettingsPanel::saveQualitySettings()
 {
-    settings().setValue(SettingsKeys::RaytracerQuality,
+    writeSetting(SettingsKeys::RaytracerQuality,
                  kqDMRenderer::scQualityEnum[std::size_t(m_ui->qualitySlider->value())]);
 }
 
 void ZelRendererSettingsPanel::saveEngineSettings()
 {
-    settings().setValue(SettingsKeys::Engine,
+    writeSetting(SettingsKeys::Engine,
                  m_ui->raytracerButton->isChecked() ? QStringLiteral("software") : QStringLiteral("deferred"));
 }
 
 void ZelRendererSettingsPanel::saveCoreNumberSettings()
 {
-    settings().setValue(SettingsKeys::RaytracerCoreNumber, m_ui->coreUsedSlider->value());
+    writeSetting(SettingsKeys::RaytracerCoreNumber, m_ui->coreUsedSlider->value());
 }
 
 void ZelRendererSettingsPanel::saveSSAOSettings()
 {
-    settings().setValue(SettingsKeys::UseSSAO, m_ui->deferredSSAOCheckBox->isChecked());
+    writeSetting(SettingsKeys::UseSSAO, m_ui->deferredSSAOCheckBox->isChecked());
 }
 
 void ZelRendererSettingsPanel::saveFXAASettings()
 {
-    settings().setValue(SettingsKeys::UseFXAA, m_ui->deferredFXAACheckBox->isChecked());
+    writeSetting(SettingsKeys::UseFXAA, m_ui->deferredFXAACheckBox->isChecked());
 }
 
 void ZelRendererSettingsPanel::saveEdgeDetectSettings()
 {
-    settings().setValue(SettingsKeys::UseED, m_ui->deferredEDCheckBox->isChecked());
+    writeSetting(SettingsKeys::UseED, m_ui->deferredEDCheckBox->isChecked());
 }
 
 void ZelRendererSettingsPanel::saveSceneUnitSettings()
 {
     const QStringList units = sceneUnits();
     const int index = m_ui->sceneUnitComboBox->currentIndex();
-    settings().setValue(SettingsKeys::SceneUnits, index >= 0 && index < units.size() ? units[index] : QString(Metre));
+    writeSetting(SettingsKeys::SceneUnits, index >= 0 && index < units.size() ? units[index] : QString(Metre));
 }
 
 void ZelRendererSettingsPanel::saveResourcesSettings()
 {
-    settings().setValue(SettingsKeys::MaxCPUMemory3D, bytes(m_ui->maxCPU3DSpinBox->value()));
-    settings().setValue(SettingsKeys::MaxCPUMemoryRaytracer, bytes(m_ui->maxCPURaySpinBox->value()));
-    settings().setValue(SettingsKeys::MaxGPUMemory, bytes(m_ui->maxGPUSPinBox->value()));
+    writeSetting(SettingsKeys::MaxCPUMemory3D, bytes(m_ui->maxCPU3DSpinBox->value()));
+    writeSetting(SettingsKeys::MaxCPUMemoryRaytracer, bytes(m_ui->maxCPURaySpinBox->value()));
+    writeSetting(SettingsKeys::MaxGPUMemory, bytes(m_ui->maxGPUSPinBox->value()));
 }
 
 void ZelRendererSettingsPanel::saveTriangleCapSettings()
 {
-    settings().setValue(SettingsKeys::LODTrianglesCap, quint64(m_ui->maxTrianglesSpinBox->value()));
+    writeSetting(SettingsKeys::LODTrianglesCap, quint64(m_ui->maxTrianglesSpinBox->value()));
 }
 
 } // namespace zel

@@ -2,11 +2,13 @@
 
 #include "ZelControlCenterExport.h"
 #include "ZelModelSettingsPanel.h"
+#include "ZelSettingsKeys.h"
 
 #include <QString>
 
 #include <array>
 #include <memory>
+#include <tuple>
 
 namespace Ui {
 class ZelRendererSettingsPanel;
@@ -32,6 +34,23 @@ struct ZEL_CONTROLCENTER_EXPORT EngineModel
     // Only what the chosen engine uses counts: the raytracer's fields in software
     // mode, the deferred renderer's otherwise, and the scene unit only with SSAO on.
     bool operator==(const EngineModel& other) const;
+
+    auto tie()
+    {
+        return std::tie(maxCPUMemory3D, maxCPUMemoryRaytracer, maxGPUMemory, trianglesCap, coreNumber, quality,
+                        sceneUnitIndex, useSoftware, useSSAO, useFXAA, useED);
+    }
+    auto tie() const
+    {
+        return std::tie(maxCPUMemory3D, maxCPUMemoryRaytracer, maxGPUMemory, trianglesCap, coreNumber, quality,
+                        sceneUnitIndex, useSoftware, useSSAO, useFXAA, useED);
+    }
+    static constexpr std::array<QLatin1String, 11> Keys = {
+        SettingsKeys::MaxCPUMemory3D, SettingsKeys::MaxCPUMemoryRaytracer, SettingsKeys::MaxGPUMemory,
+        SettingsKeys::LODTrianglesCap, SettingsKeys::RaytracerCoreNumber, SettingsKeys::RaytracerQuality,
+        SettingsKeys::SceneUnits, SettingsKeys::Engine, SettingsKeys::UseSSAO, SettingsKeys::UseFXAA,
+        SettingsKeys::UseED,
+    };
 };
 
 // The "Display" page: the rendering engine (GPU deferred renderer or software

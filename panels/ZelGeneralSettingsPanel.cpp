@@ -179,10 +179,10 @@ void ZelGeneralSettingsPanel::saveSettingsInternal()
     // application at its working folder.
     const auto setFolder = [this](QLatin1String key, const QString& folder) {
         if (!folder.isEmpty())
-            settings().setValue(key, folder);
+            writeSetting(key, folder);
     };
     setFolder(SettingsKeys::CacheDirectory, m_ui->databaseButton->toolTip());
-    settings().setValue(SettingsKeys::CacheSize, m_ui->databaseSpinBox->value());
+    writeSetting(SettingsKeys::CacheSize, m_ui->databaseSpinBox->value());
     setFolder(SettingsKeys::ScreenshotFolder, screenshotFolder);
     if (application())
         application()->setScreenshotImageFolder(screenshotFolder);

@@ -2,11 +2,14 @@
 
 #include "ZelControlCenterExport.h"
 #include "ZelModelSettingsPanel.h"
+#include "ZelSettingsKeys.h"
 
 #include <QString>
 
+#include <array>
 #include <functional>
 #include <memory>
+#include <tuple>
 
 class QPushButton;
 
@@ -24,6 +27,11 @@ struct ZEL_CONTROLCENTER_EXPORT GeneralModel
     int cacheSize = 0; // megabytes
 
     bool operator==(const GeneralModel& other) const;
+
+    auto tie() { return std::tie(cacheDirectory, screenshotFolder, cacheSize); }
+    auto tie() const { return std::tie(cacheDirectory, screenshotFolder, cacheSize); }
+    static constexpr std::array<QLatin1String, 3> Keys = {SettingsKeys::CacheDirectory, SettingsKeys::ScreenshotFolder,
+                                                           SettingsKeys::CacheSize};
 };
 
 // The "Folders" page: the 3D database cache folder and its size, and the screenshot

@@ -150,8 +150,7 @@ void ZelImportSettingsPanel::getCurrentModel(ImportModel& model) const
     model.maxFaceSagSet = !m_ui->defaultSag->isChecked();
     model.maxFaceLengthSet = !m_ui->defaultLength->isChecked();
     model.maxFaceAngleSet = !m_ui->defaultAngle->isChecked();
-    // Reads "high" while the quality is "Default", where it does not count.
-    model.isHighQuality = !m_ui->lowQuality->isChecked();
+    model.isHighQuality = m_ui->defaultQuality->isChecked() ? m_loadedHighQuality : m_ui->highQuality->isChecked();
     model.maxFaceSag = m_ui->faceSagSpin->value();
     model.maxFaceLength = m_ui->faceLengthSpin->value();
     model.maxFaceAngle = m_ui->faceAngleSpin->value();
@@ -159,6 +158,7 @@ void ZelImportSettingsPanel::getCurrentModel(ImportModel& model) const
 
 void ZelImportSettingsPanel::applyModel(const ImportModel& model)
 {
+    m_loadedHighQuality = model.isHighQuality;
     setQuality(model.qualitySet, model.isHighQuality);
     setFaceSagSet(model.maxFaceSagSet);
     setFaceLengthSet(model.maxFaceLengthSet);
@@ -174,16 +174,17 @@ void ZelImportSettingsPanel::applyModel(const ImportModel& model)
 
 void ZelImportSettingsPanel::saveSettingsInternal()
 {
-    // Every key, also the values of limits that are not set.
-    QSettings& stored = settings();
-    stored.setValue(SettingsKeys::TesselationQualitySet, !m_ui->defaultQuality->isChecked());
-    stored.setValue(SettingsKeys::TesselationMaxFaceSagSet, !m_ui->defaultSag->isChecked());
-    stored.setValue(SettingsKeys::TesselationMaxFaceLengthSet, !m_ui->defaultLength->isChecked());
-    stored.setValue(SettingsKeys::TesselationMaxFaceAngleSet, !m_ui->defaultAngle->isChecked());
-    stored.setValue(SettingsKeys::TesselationIsHighQuality, !m_ui->lowQuality->isChecked());
-    stored.setValue(SettingsKeys::TesselationMaxFaceSag, m_ui->faceSagSpin->value());
-    stored.setValue(SettingsKeys::TesselationMaxFaceLength, m_ui->faceLengthSpin->value());
-    stored.setValue(SettingsKeys::TesselationMaxFaceAngle, m_ui->faceAngleSpin->value());
+    // Also the values of limits that are not set.
+    ImportModel current;
+    getCurrentModel(current);
+    writeSetting(SettingsKeys::TesselationQualitySet, current.qualitySet);
+    writeSetting(SettingsKeys::TesselationMaxFaceSagSet, current.maxFaceSagSet);
+    writeSetting(SettingsKeys::TesselationMaxFaceLengthSet, current.maxFaceLengthSet);
+    writeSetting(SettingsKeys::TesselationMaxFaceAngleSet, current.maxFaceAngleSet);
+    writeSetting(SettingsKeys::TesselationIsHighQuality, current.isHighQuality);
+    writeSetting(SettingsKeys::TesselationMaxFaceSag, current.maxFaceSag);
+    writeSetting(SettingsKeys::TesselationMaxFaceLength, current.maxFaceLength);
+    writeSetting(SettingsKeys::TesselationMaxFaceAngle, current.maxFaceAngle);
 }
 
 void ZelImportSettingsPanel::setQuality(bool set, bool high)

@@ -2,8 +2,11 @@
 
 #include "ZelControlCenterExport.h"
 #include "ZelModelSettingsPanel.h"
+#include "ZelSettingsKeys.h"
 
+#include <array>
 #include <memory>
+#include <tuple>
 
 namespace Ui {
 class ZelImportSettingsPanel;
@@ -27,6 +30,23 @@ struct ZEL_CONTROLCENTER_EXPORT ImportModel
     // Values that are not in force (a limit not set, high or low while the quality is
     // "Default") do not count; a NaN always differs.
     bool operator==(const ImportModel& other) const;
+
+    auto tie()
+    {
+        return std::tie(maxFaceSag, maxFaceLength, maxFaceAngle, isHighQuality, qualitySet, maxFaceSagSet,
+                        maxFaceLengthSet, maxFaceAngleSet);
+    }
+    auto tie() const
+    {
+        return std::tie(maxFaceSag, maxFaceLength, maxFaceAngle, isHighQuality, qualitySet, maxFaceSagSet,
+                        maxFaceLengthSet, maxFaceAngleSet);
+    }
+    static constexpr std::array<QLatin1String, 8> Keys = {
+        SettingsKeys::TesselationMaxFaceSag,       SettingsKeys::TesselationMaxFaceLength,
+        SettingsKeys::TesselationMaxFaceAngle,     SettingsKeys::TesselationIsHighQuality,
+        SettingsKeys::TesselationQualitySet,       SettingsKeys::TesselationMaxFaceSagSet,
+        SettingsKeys::TesselationMaxFaceLengthSet, SettingsKeys::TesselationMaxFaceAngleSet,
+    };
 };
 
 // The "Tessellation" page. It only stores the choices: the next import reads them, so
@@ -78,6 +98,9 @@ private:
     void announceEdit();
 
     std::unique_ptr<Ui::ZelImportSettingsPanel> m_ui;
+    // High or low as last loaded: kept while the quality is "Default", where no button
+    // shows it, so that an Apply never changes it behind the user's back.
+    bool m_loadedHighQuality = true;
 };
 
 } // namespace zel

@@ -3,6 +3,15 @@
 #include "ZelSettingsPanel.h"
 
 #include <QAbstractButton>
+#include <QLatin1String>
+#include <QSettings>
+#include <QStringList>
+#include <QVariant>
+
+#include <cstddef>
+#include <iterator>
+#include <tuple>
+#include <utility>
 
 namespace zel {
 
@@ -10,6 +19,12 @@ namespace zel {
 // as a plain model record (with operator==) and fills that record from three sources:
 // the stored values, the registered defaults and its widgets. Comparing the records
 // answers the control center; this class holds that logic once.
+//
+// `Model` offers its fields one by one, each beside the key it is stored under:
+//   auto tie();  auto tie() const;          std::tie() of the fields
+//   static constexpr std::array<QLatin1String, N> Keys;   the keys, in the same order
+// Several fields may share a key. Apply writes only the keys of fields the user
+// edited, and a reload after another program's change merges field by field.
 //
 // `Page` derives from this class, declares the signal stateChanged(), and provides
 // these non-virtual members (befriend this class if they are private):
@@ -19,19 +34,13 @@ namespace zel {
 //   void applyModel(const Model&);          fill the widgets, their signals blocked
 //   void pushToApplication();               take effect at once where the kernel can
 //   bool shouldRestart() const;             asked after the push, before the save
-//   void saveSettingsInternal();            write every field from the widgets
+//   void saveSettingsInternal();            hand every field to writeSetting()
 template<typename Page, typename Model>
 class ZelModelSettingsPanel : public ZelSettingsPanel
 {
 public:
     // Load the stored values; forgets pending edits and emits nothing.
-    void initializeWidget() override
-    {
-        Model stored;
-        page().readSettings(stored);
-        page().applyModel(stored);
-        checkContent();
-    }
+    void initializeWidget() override { loadStored(); }
 
     bool hasModifications() const override
     {
@@ -42,16 +51,24 @@ public:
         return !(stored == current);
     }
 
-    // Writes only when something changed; the restart verdict is taken before the
-    // save, while the settings still hold what the running application uses.
+    // Writes only the keys of the fields the user edited, so that a value another
+    // program stored meanwhile under any other key stays. The restart verdict is taken
+    // before the save, while the settings still hold what the running application uses.
+    // Afterwards the page shows what the settings hold.
     bool applyModifications() override
     {
         if (!hasModifications())
             return false;
         page().pushToApplication();
         const bool restart = page().shouldRestart();
+        Model stored;
+        Model current;
+        page().readSettings(stored);
+        page().getCurrentModel(current);
+        m_keysToWrite = editedKeys(stored, current);
         page().saveSettingsInternal();
-        checkContent();
+        m_keysToWrite.clear();
+        loadStored();
         return restart;
     }
 
@@ -79,6 +96,30 @@ public:
     // Pending edits are dropped by the next initializeWidget() instead.
     bool cancelModifications() override { return false; }
 
+    // A field still showing what was last loaded takes the new stored value; an edited
+    // one stays, and its key is returned when the other program stored something else.
+    QStringList reloadStoredSettings() override
+    {
+        Model stored;
+        Model merged;
+        page().readSettings(stored);
+        page().getCurrentModel(merged);
+        QStringList overridden;
+        visitFields(
+            [&overridden](std::size_t field, const auto& baseline, const auto& storedValue, auto& shown) {
+                if (shown == baseline)
+                    shown = storedValue;
+                else if (!(storedValue == baseline) && !(storedValue == shown))
+                    addKey(overridden, Model::Keys[field]);
+            },
+            std::as_const(m_baseline).tie(), std::as_const(stored).tie(), merged.tie());
+        page().applyModel(merged);
+        m_baseline = stored;
+        checkContent();
+        Q_EMIT page().stateChanged();
+        return overridden;
+    }
+
     // Called by a host that saves pages on its own; these pages write in
     // applyModifications(), so there is nothing left to do.
     virtual void saveSettings() {}
@@ -88,6 +129,8 @@ protected:
                           Qt::WindowFlags flags)
         : ZelSettingsPanel(application, settings, parent, flags)
     {
+        static_assert(std::tuple_size_v<decltype(std::declval<Model&>().tie())> == std::size(Model::Keys),
+                      "a model names one key per field");
     }
 
     // The page's own reset button, which checkContent() keeps in step.
@@ -104,13 +147,70 @@ protected:
         m_resetButton->setEnabled(resettable);
     }
 
+    // For saveSettingsInternal(): stores `value` under `key` when Apply found a field of
+    // that key edited, and does nothing otherwise.
+    void writeSetting(QLatin1String key, const QVariant& value)
+    {
+        if (m_keysToWrite.contains(key))
+            settings().setValue(key, value);
+    }
+
 private:
     Q_DISABLE_COPY_MOVE(ZelModelSettingsPanel)
 
     Page& page() { return static_cast<Page&>(*this); }
     const Page& page() const { return static_cast<const Page&>(*this); }
 
+    void loadStored()
+    {
+        page().readSettings(m_baseline);
+        page().applyModel(m_baseline);
+        checkContent();
+    }
+
+    // Calls visit(index, field of each tie...) for every field of the model, in order.
+    template<typename Visit, typename... Ties>
+    static void visitFields(Visit visit, const Ties&... ties)
+    {
+        visitEach(visit, std::make_index_sequence<std::size(Model::Keys)>(), ties...);
+    }
+    template<typename Visit, std::size_t... Field, typename... Ties>
+    static void visitEach(Visit& visit, std::index_sequence<Field...>, const Ties&... ties)
+    {
+        (visitOne<Field>(visit, ties...), ...);
+    }
+    template<std::size_t Field, typename Visit, typename... Ties>
+    static void visitOne(Visit& visit, const Ties&... ties)
+    {
+        visit(Field, std::get<Field>(ties)...);
+    }
+
+    static void addKey(QStringList& keys, QLatin1String key)
+    {
+        if (!keys.contains(key))
+            keys.append(key);
+    }
+
+    // The keys of the fields that differ from the baseline (the user edited them) and
+    // from what is stored now (writing them changes something).
+    QStringList editedKeys(const Model& stored, const Model& current) const
+    {
+        QStringList keys;
+        visitFields(
+            [&keys](std::size_t field, const auto& baseline, const auto& storedValue, const auto& shown) {
+                // Negated so that a NaN counts as a difference.
+                if (!(shown == baseline) && !(shown == storedValue))
+                    addKey(keys, Model::Keys[field]);
+            },
+            m_baseline.tie(), stored.tie(), current.tie());
+        return keys;
+    }
+
     QAbstractButton* m_resetButton = nullptr;
+    // What the settings held when the page last loaded or applied them.
+    Model m_baseline {};
+    // During a save: the keys writeSetting() may write.
+    QStringList m_keysToWrite;
 };
 
 } // namespace zel

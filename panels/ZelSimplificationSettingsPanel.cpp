@@ -108,7 +108,7 @@ void ZelSimplificationSettingsPanel::saveRatios()
     QStringList texts;
     for (const QDoubleSpinBox* level : levels())
         texts.append(QString::number(level->value() / 100.0));
-    settings().setValue(SettingsKeys::SimplificationRatios, texts.join(QLatin1Char('/')));
+    writeSetting(SettingsKeys::SimplificationRatios, texts.join(QLatin1Char('/')));
 }
 
 void ZelSimplificationSettingsPanel::readSettings(SimplificationModel& model) const

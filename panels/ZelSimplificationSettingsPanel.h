@@ -2,8 +2,11 @@
 
 #include "ZelControlCenterExport.h"
 #include "ZelModelSettingsPanel.h"
+#include "ZelSettingsKeys.h"
 
+#include <array>
 #include <memory>
+#include <tuple>
 #include <vector>
 
 class QDoubleSpinBox;
@@ -25,6 +28,12 @@ struct ZEL_CONTROLCENTER_EXPORT SimplificationModel
 
     // Exact comparison: a NaN always differs.
     bool operator==(const SimplificationModel& other) const;
+
+    // Both fields are the one stored text.
+    auto tie() { return std::tie(ratios, wellFormed); }
+    auto tie() const { return std::tie(ratios, wellFormed); }
+    static constexpr std::array<QLatin1String, 2> Keys = {SettingsKeys::SimplificationRatios,
+                                                           SettingsKeys::SimplificationRatios};
 };
 
 // The "Compression / Simplification" page. Level 1 keeps everything; levels 2 to 5

@@ -1,4 +1,5 @@
 #include "PageContract.h"
+#include "SettingsFiles.h"
 #include "TestHome.h"
 #include "ZelRendererSettingsPanel.h"
 #include "ZelSettingsKeys.h"
@@ -79,16 +80,16 @@ private Q_SLOTS:
         checkPageContract(*display.page, display.settings,
                           [&] { clickIndicator(display.widget<QCheckBox>("deferredFXAACheckBox")); });
 
-        // Apply wrote every group; the cap reached the renderer at once, and the second,
-        // empty Apply pushed nothing.
-        const QStringList written = {display.stored(Keys::RaytracerQuality), display.stored(Keys::Engine),
-                                     display.stored(Keys::RaytracerCoreNumber), display.stored(Keys::UseSSAO),
-                                     display.stored(Keys::UseFXAA), display.stored(Keys::UseED),
-                                     display.stored(Keys::SceneUnits), display.stored(Keys::MaxCPUMemory3D),
-                                     display.stored(Keys::MaxCPUMemoryRaytracer), display.stored(Keys::MaxGPUMemory),
-                                     display.stored(Keys::LODTrianglesCap)};
-        QCOMPARE(written, (QStringList{"medium", "deferred", "1", "true", "true", "true", "1", "2147483648",
-                                       "2147483648", "1073741824", "10000000"}));
+        // Apply wrote the keys whose value changed and no other: the absent core number
+        // and CPU budgets already showed the defaults, the engine and FXAA were stored so.
+        // The cap reached the renderer at once; the second, empty Apply pushed nothing.
+        display.settings.sync();
+        const QVariantMap written = {
+            {Keys::Engine, "deferred"},     {Keys::UseSSAO, "true"},          {Keys::UseFXAA, "true"},
+            {Keys::UseED, "true"},          {Keys::RaytracerQuality, "medium"}, {Keys::SceneUnits, "1"},
+            {Keys::MaxGPUMemory, "1073741824"}, {Keys::LODTrianglesCap, "10000000"},
+        };
+        QCOMPARE(iniValues(display.settings.fileName()), written);
         QCOMPARE(display.app.kernel, QStringList{"setTargetTriangles 10000000"});
         QVERIFY(display.widget<QWidget>("SSAOFrame")->isEnabled());
     }

@@ -199,7 +199,7 @@ private Q_SLOTS:
     }
 
     // A text editor's path with an unquoted comma reads back as a list; the page shows
-    // it whole, as the validation pass saw it.
+    // it whole, as the validation pass saw it, and an Apply of another edit keeps it.
     void aPathWithACommaShowsWhole()
     {
         GeneralPage general({{Keys::CacheDirectory, "/stored/cache"}, {Keys::CacheSize, "2048"}});
@@ -211,6 +211,9 @@ private Q_SLOTS:
         general.page->initializeWidget();
         QCOMPARE(general.button("screenshotFolderButton")->toolTip(), "/shots, old");
         QVERIFY(!general.page->hasModifications());
+        general.size()->setValue(3000);
+        general.page->applyModifications();
+        QCOMPARE(general.settings.value(Keys::ScreenshotFolder), QStringList({"/shots", "old"}));
     }
 
     void keysNobodyRegistered()

@@ -1,4 +1,5 @@
 #include "PageContract.h"
+#include "SettingsFiles.h"
 #include "TestHome.h"
 #include "ZelImportSettingsPanel.h"
 #include "ZelSettingsKeys.h"
@@ -50,20 +51,19 @@ private Q_SLOTS:
         QCOMPARE(import.widget<QSpinBox>("faceAngleSpin")->value(), 45);
         checkPageContract(*import.page, import.settings, [&] { click(import.widget("length")); });
 
-        // Apply writes all eight keys, also the values of limits that are not set, and
-        // never asks for a restart nor reaches the running application.
+        // Apply writes the keys of the choices made, keeps the values of limits that are
+        // not set, and never asks for a restart nor reaches the running application.
         click(import.widget("lowQuality"));
         click(import.widget("sag"));
         QVERIFY(!import.page->applyModifications());
         import.settings.sync();
-        const QSettings file(import.settings.fileName(), QSettings::IniFormat);
-        const QStringList written = {"true", "true", "false", "false", "false", "0.5", "10", "30"};
-        const QLatin1String keys[] = {Keys::TesselationQualitySet,     Keys::TesselationMaxFaceSagSet,
-                                      Keys::TesselationMaxFaceLengthSet, Keys::TesselationMaxFaceAngleSet,
-                                      Keys::TesselationIsHighQuality,  Keys::TesselationMaxFaceSag,
-                                      Keys::TesselationMaxFaceLength,  Keys::TesselationMaxFaceAngle};
-        for (int i = 0; i < written.size(); ++i)
-            QCOMPARE(file.value(keys[i]).toString(), written[i]);
+        const QVariantMap written = {
+            {Keys::TesselationQualitySet, "true"},       {Keys::TesselationIsHighQuality, "false"},
+            {Keys::TesselationMaxFaceSagSet, "true"},    {Keys::TesselationMaxFaceSag, "0.5"},
+            {Keys::TesselationMaxFaceLength, "10"},      {Keys::TesselationMaxFaceAngleSet, "false"},
+            {Keys::TesselationMaxFaceAngle, "30"},
+        };
+        QCOMPARE(iniValues(import.settings.fileName()), written);
         QVERIFY(import.app.kernel.isEmpty());
     }
 
@@ -104,6 +104,20 @@ private Q_SLOTS:
         for (const auto& [key, value] : stored)
             import.settings.setValue(key, value);
         QCOMPARE(import.page->hasModifications(), modified);
+    }
+
+    // While the quality is "Default" no button shows high or low: what is stored stays,
+    // whatever the buttons went through, and an Apply of another edit keeps it.
+    void highOrLowKeptWhileTheQualityIsDefault()
+    {
+        ImportPage import({{Keys::TesselationQualitySet, "false"}, {Keys::TesselationIsHighQuality, "false"}});
+        QVERIFY(!import.page->hasModifications());
+        click(import.widget("highQuality"));
+        click(import.widget("defaultQuality"));
+        click(import.widget("sag"));
+        QVERIFY(!import.page->applyModifications());
+        QCOMPARE(import.settings.value(Keys::TesselationIsHighQuality).toString(), "false");
+        QCOMPARE(import.settings.value(Keys::TesselationMaxFaceSagSet).toString(), "true");
     }
 
     void radioButtonsAndSpinBoxes()

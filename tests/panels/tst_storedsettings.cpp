@@ -7,8 +7,12 @@
 #include "ZelSettingsKeys.h"
 #include "ZelSimplificationSettingsPanel.h"
 
+#include <QAbstractSpinBox>
+#include <QComboBox>
 #include <QDateTime>
 #include <QFileInfo>
+#include <QLabel>
+#include <QSlider>
 #include <QThread>
 
 #include <memory>
@@ -52,11 +56,45 @@ bool writeFile(const QString& path, const Values& values)
     return file.setFileTime(after, QFileDevice::FileModificationTime);
 }
 
-// A page named as the drawer names it, over `settings`.
+// Every default registered, overlaid with `values`.
+Values withDefaults(const Values& values)
+{
+    Values file;
+    for (const auto& [key, entry] : ZelSettings::GetDefaultSettingsValues())
+        file.insert(key, entry.first);
+    file.insert(values);
+    return file;
+}
+
+// What the page's fields show, by object name: enough to tell two pages apart.
+QStringList shown(const QWidget* page)
+{
+    QStringList fields;
+    for (const QWidget* widget : page->findChildren<QWidget*>()) {
+        const QString name = widget->objectName() + '=';
+        if (const auto* box = qobject_cast<const QAbstractSpinBox*>(widget))
+            fields.append(name + box->text());
+        else if (const auto* combo = qobject_cast<const QComboBox*>(widget))
+            fields.append(name + combo->currentText());
+        else if (const auto* slider = qobject_cast<const QSlider*>(widget))
+            fields.append(name + QString::number(slider->value()));
+        else if (const auto* label = qobject_cast<const QLabel*>(widget))
+            fields.append(name + label->text());
+        else if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
+            fields.append(name + (button->isCheckable() ? QString::number(button->isChecked()) : button->toolTip()));
+    }
+    return fields;
+}
+
+// A page named as the drawer names it, over `settings`; the Folders page's folder
+// dialog answers "/chosen/shots".
 std::unique_ptr<ZelSettingsPanel> makePage(const QString& name, zel::kqDMIApplication* app, QSettings& settings)
 {
-    if (name == "Folders")
-        return std::make_unique<zel::ZelGeneralSettingsPanel>(app, settings);
+    if (name == "Folders") {
+        auto page = std::make_unique<zel::ZelGeneralSettingsPanel>(app, settings);
+        page->setFolderChooser([](QWidget*, const QString&, const QString&) { return QString("/chosen/shots"); });
+        return page;
+    }
     if (name == "Tessellation")
         return std::make_unique<zel::ZelImportSettingsPanel>(app, settings);
     if (name == "Simplification")
@@ -84,6 +122,49 @@ struct FileWorld {
     ~FileWorld() { drawer.takeWidget(); }
     Q_DISABLE_COPY_MOVE(FileWorld)
 
+    // Another program writes these values over the file; the shared settings re-read it.
+    bool writeElsewhere(const Values& values)
+    {
+        Values file;
+        const QSettings reader(path, ZelSettings::SettingsFormat());
+        for (const QString& key : reader.allKeys())
+            file.insert(key, ZelSettings::GetSettingText(reader, key));
+        file.insert(values);
+        const bool done = writeFile(path, file);
+        settings.sync();
+        return done;
+    }
+    // What a program opening the file now reads for `key`.
+    QString stored(const QString& key) const
+    {
+        const QSettings reader(path, ZelSettings::SettingsFormat());
+        return ZelSettings::GetSettingText(reader, key);
+    }
+    // The user's edit, step by step: "name" clicks that widget, "name=text" types the
+    // text into it and confirms with Return.
+    void edit(const QStringList& steps)
+    {
+        for (const QString& step : steps) {
+            auto* widget = page->findChild<QWidget*>(step.section('=', 0, 0));
+            QVERIFY2(widget, qPrintable(step));
+            drawer.ensureWidgetVisible(widget);
+            if (!step.contains('=')) {
+                if (qobject_cast<QPushButton*>(widget))
+                    click(widget);
+                else
+                    clickIndicator(widget);
+                continue;
+            }
+            click(widget);
+            QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
+            QTest::keyClicks(widget, step.section('=', 1));
+            QTest::keyClick(widget, Qt::Key_Return);
+        }
+        // The user moves on: the field that has the focus finishes its edit.
+        if (QWidget* focused = QApplication::focusWidget())
+            focused->clearFocus();
+    }
+
     QTemporaryDir folder;
     QString path = folder.filePath("Settings.ini");
     bool written = false;
@@ -102,6 +183,69 @@ class TestStoredSettings : public QObject
     Q_OBJECT
 
     TestHome m_home;
+
+    // One row per key of the Folders, Tessellation and Display pages: the file holds the
+    // registered defaults overlaid with `initial`; another program stores `outside` under `key`, a value the
+    // page shows, while the user makes the edit `steps`, which stores `editedValue` under
+    // `editedKey`, another key of the same page.
+    void otherProgramRows()
+    {
+        QTest::addColumn<QString>("pageName");
+        QTest::addColumn<Values>("initial");
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("outside");
+        QTest::addColumn<QStringList>("steps");
+        QTest::addColumn<QString>("editedKey");
+        QTest::addColumn<QString>("editedValue");
+        struct Edit {
+            QStringList steps;
+            QString key;
+            QString value;
+        };
+        struct Page {
+            QString name;
+            Values initial;
+            Values outside;
+            Edit edit;
+            Edit otherwise; // when another program writes the key of `edit`
+        };
+        const QList<Page> pages = {
+            {"Folders",
+             {},
+             {{Keys::CacheDirectory, "/elsewhere/cache"}, {Keys::ScreenshotFolder, "/elsewhere/shots"},
+              {Keys::CacheSize, "5000"}},
+             {{"databaseSpinBox=3000"}, Keys::CacheSize, "3000"},
+             {{"screenshotFolderButton"}, Keys::ScreenshotFolder, "/chosen/shots"}},
+            // High or low shows only while the quality is set.
+            {"Tessellation",
+             {{Keys::TesselationQualitySet, "true"}},
+             {{Keys::TesselationQualitySet, "false"}, {Keys::TesselationIsHighQuality, "false"},
+              {Keys::TesselationMaxFaceSagSet, "true"}, {Keys::TesselationMaxFaceSag, "2.5"},
+              {Keys::TesselationMaxFaceLengthSet, "true"}, {Keys::TesselationMaxFaceLength, "20"},
+              {Keys::TesselationMaxFaceAngleSet, "true"}, {Keys::TesselationMaxFaceAngle, "45"}},
+             {{"angle"}, Keys::TesselationMaxFaceAngleSet, "true"},
+             {{"sag"}, Keys::TesselationMaxFaceSagSet, "true"}},
+            {"Display",
+             {},
+             {{Keys::Engine, "software"}, {Keys::UseSSAO, "false"}, {Keys::UseFXAA, "false"}, {Keys::UseED, "false"},
+              {Keys::RaytracerCoreNumber, "1"}, {Keys::RaytracerQuality, "ultra"}, {Keys::SceneUnits, "1000"},
+              {Keys::MaxCPUMemory3D, "536870912"}, {Keys::MaxCPUMemoryRaytracer, "536870912"},
+              {Keys::MaxGPUMemory, "536870912"}, {Keys::LODTrianglesCap, "70000"}},
+             {{"maxTrianglesSpinBox=60000"}, Keys::LODTrianglesCap, "60000"},
+             {{"deferredFXAACheckBox"}, Keys::UseFXAA, "false"}},
+        };
+        for (const Page& page : pages) {
+            for (auto outside = page.outside.cbegin(); outside != page.outside.cend(); ++outside) {
+                // One processor leaves the core slider nowhere else to go.
+                if (outside.key() == Keys::RaytracerCoreNumber && QThread::idealThreadCount() < 2)
+                    continue;
+                const Edit& edit = outside.key() == page.edit.key ? page.otherwise : page.edit;
+                QTest::addRow("%s: %s", qPrintable(page.name), qPrintable(outside.key()))
+                    << page.name << page.initial << outside.key() << outside.value() << edit.steps << edit.key
+                    << edit.value;
+            }
+        }
+    }
 
 private Q_SLOTS:
     void init()
@@ -191,6 +335,109 @@ private Q_SLOTS:
         QVERIFY2(world.validated, qPrintable(world.error));
         QCOMPARE(ZelSettings::GetSettingText(world.settings, key) == values.value(key), kept);
         QVERIFY(!world.page->hasModifications());
+    }
+
+    void applyKeepsAnotherProgramsValue_data() { otherProgramRows(); }
+
+    // The page was loaded before another program wrote the file: Apply writes the
+    // user's edit, and the other program's value stays.
+    void applyKeepsAnotherProgramsValue()
+    {
+        QFETCH(QString, pageName);
+        QFETCH(Values, initial);
+        QFETCH(QString, key);
+        QFETCH(QString, outside);
+        QFETCH(QStringList, steps);
+        QFETCH(QString, editedKey);
+        QFETCH(QString, editedValue);
+        FileWorld world(pageName, withDefaults(initial));
+        QVERIFY(world.writeElsewhere({{key, outside}}));
+        world.edit(steps);
+        world.page->applyModifications();
+        world.settings.sync();
+        QCOMPARE(world.stored(key), outside);
+        QCOMPARE(world.stored(editedKey), editedValue);
+    }
+
+    void reloadShowsAnotherProgramsValue_data() { otherProgramRows(); }
+
+    // Without pending edits, a reload shows what a page opened on the new file shows.
+    void reloadShowsAnotherProgramsValue()
+    {
+        QFETCH(QString, pageName);
+        QFETCH(Values, initial);
+        QFETCH(QString, key);
+        QFETCH(QString, outside);
+        FileWorld world(pageName, withDefaults(initial));
+        const QStringList before = shown(world.page.get());
+        QSignalSpy changed(world.page.get(), SIGNAL(stateChanged()));
+        QVERIFY(world.writeElsewhere({{key, outside}}));
+        QCOMPARE(world.page->reloadStoredSettings(), QStringList());
+        QCOMPARE(changed.count(), 1);
+        QVERIFY(!world.page->hasModifications());
+        const std::unique_ptr<ZelSettingsPanel> fresh = makePage(pageName, &world.app, world.settings);
+        fresh->initializeWidget();
+        QCOMPARE(shown(world.page.get()), shown(fresh.get()));
+        QVERIFY(shown(world.page.get()) != before);
+    }
+
+    // A reload keeps the pending edit; where the other program stored something else
+    // under the edited key, that key is named, and Apply puts the edit there.
+    void reloadKeepsPendingEdits_data()
+    {
+        QTest::addColumn<QString>("pageName");
+        QTest::addColumn<QStringList>("steps");
+        QTest::addColumn<QString>("editedKey");
+        QTest::addColumn<QString>("editedValue");
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("outside");
+        QTest::addColumn<QStringList>("overridden");
+        const QStringList size = {"databaseSpinBox=3000"};
+        QTest::newRow("Folders: another key") << "Folders" << size << QString(Keys::CacheSize) << "3000"
+                                              << QString(Keys::ScreenshotFolder) << "/elsewhere" << QStringList();
+        QTest::newRow("Folders: the same key") << "Folders" << size << QString(Keys::CacheSize) << "3000"
+                                               << QString(Keys::CacheSize) << "5000"
+                                               << QStringList(Keys::CacheSize);
+        const QStringList angle = {"angle", "faceAngleSpin=50"};
+        QTest::newRow("Tessellation: another key")
+            << "Tessellation" << angle << QString(Keys::TesselationMaxFaceAngle) << "50"
+            << QString(Keys::TesselationMaxFaceLength) << "20" << QStringList();
+        QTest::newRow("Tessellation: the same key")
+            << "Tessellation" << angle << QString(Keys::TesselationMaxFaceAngle) << "50"
+            << QString(Keys::TesselationMaxFaceAngle) << "45" << QStringList(Keys::TesselationMaxFaceAngle);
+        const QStringList cap = {"maxTrianglesSpinBox=60000"};
+        QTest::newRow("Display: another key") << "Display" << cap << QString(Keys::LODTrianglesCap) << "60000"
+                                              << QString(Keys::UseED) << "false" << QStringList();
+        QTest::newRow("Display: the same key") << "Display" << cap << QString(Keys::LODTrianglesCap) << "60000"
+                                               << QString(Keys::LODTrianglesCap) << "70000"
+                                               << QStringList(Keys::LODTrianglesCap);
+        QTest::newRow("Display: the same key and value") << "Display" << cap << QString(Keys::LODTrianglesCap)
+                                                         << "60000" << QString(Keys::LODTrianglesCap) << "60000"
+                                                         << QStringList();
+        QTest::newRow("Simplification: the same key")
+            << "Simplification" << QStringList{"ratio3=40"} << QString(Keys::SimplificationRatios)
+            << "1/0.75/0.4/0.25/0.1" << QString(Keys::SimplificationRatios) << "1/0.5/0.45/0.3/0.2"
+            << QStringList(Keys::SimplificationRatios);
+    }
+
+    void reloadKeepsPendingEdits()
+    {
+        QFETCH(QString, pageName);
+        QFETCH(QStringList, steps);
+        QFETCH(QString, editedKey);
+        QFETCH(QString, editedValue);
+        QFETCH(QString, key);
+        QFETCH(QString, outside);
+        QFETCH(QStringList, overridden);
+        FileWorld world(pageName, withDefaults({}));
+        world.edit(steps);
+        QVERIFY(world.writeElsewhere({{key, outside}}));
+        QCOMPARE(world.page->reloadStoredSettings(), overridden);
+        world.page->applyModifications();
+        world.settings.sync();
+        QCOMPARE(world.stored(editedKey), editedValue);
+        if (key != editedKey)
+            QCOMPARE(world.stored(key), outside);
     }
 };
 
