@@ -72,6 +72,10 @@ QStringList ZelSettingsPanel::reloadStoredSettings()
     return {};
 }
 
+void ZelSettingsPanel::applyNotWritten()
+{
+}
+
 kqDMIApplication* ZelSettingsPanel::application() const
 {
     return m_application;

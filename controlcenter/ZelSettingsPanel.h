@@ -86,6 +86,10 @@ public:
     // from a value the other program stored there (the user's Apply will replace it).
     // The base leaves its widgets alone and returns nothing.
     virtual QStringList reloadStoredSettings();
+    // Called by the host when what an Apply wrote never reached the file and the shared
+    // settings hold the file's values again: keep the widgets as they are, so that the
+    // edits show as pending for another Apply. The base has nothing to keep.
+    virtual void applyNotWritten();
 
 protected:
     kqDMIApplication* application() const;

@@ -120,6 +120,15 @@ public:
         return overridden;
     }
 
+    // The widgets keep the values that were not written; compared with what the
+    // settings hold again, they are pending edits once more.
+    void applyNotWritten() override
+    {
+        page().readSettings(m_baseline);
+        checkContent();
+        Q_EMIT page().stateChanged();
+    }
+
     // Called by a host that saves pages on its own; these pages write in
     // applyModifications(), so there is nothing left to do.
     virtual void saveSettings() {}

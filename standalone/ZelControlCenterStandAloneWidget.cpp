@@ -5,12 +5,15 @@
 #include "ZelGeneralSettingsPanel.h"
 #include "ZelRendererSettingsPanel.h"
 #include "ZelImportSettingsPanel.h"
+#include "ZelSettingsNotice.h"
+#include "ZelSettingsWatch.h"
 #include "ZelSimplificationSettingsPanel.h"
 #include "kqDMIApplication.h"
 #include "kqMovableObject.h"
 #include "ui_ControlCenterStandAlone.h"
 
 #include <QCloseEvent>
+#include <QDir>
 #include <QMessageBox>
 #include <QPixmap>
 #include <QPushButton>
@@ -33,6 +36,10 @@ ZelControlCenterStandAloneWidget::ZelControlCenterStandAloneWidget(kqDMIApplicat
     connect(m_ui->closeButton, &QPushButton::clicked, this, &ZelControlCenterStandAloneWidget::closeWidget);
     connect(m_ui->maximizeButton, &QPushButton::clicked, this, &ZelControlCenterStandAloneWidget::triggerMaximize);
     connect(m_ui->minimizeButton, &QPushButton::clicked, this, &ZelControlCenterStandAloneWidget::triggerMinimize);
+
+    m_watch = std::make_unique<ZelSettingsWatch>(application->getSettings());
+    connect(m_watch.get(), &ZelSettingsWatch::changedOutside, this,
+            &ZelControlCenterStandAloneWidget::takeOutsideChanges);
 }
 
 bool ZelControlCenterStandAloneWidget::event(QEvent* event)
@@ -61,6 +68,9 @@ void ZelControlCenterStandAloneWidget::buildControlCenter()
     m_aboutPanel = std::make_unique<ZelAboutSettingsPanel>(m_application, settings, nullptr, Qt::WindowFlags());
     for (ZelSettingsPanel* page : pages())
         m_controlCenter->registerSettingsPanel(page);
+    m_controlCenter->setSettingsWritable(!m_readOnly);
+    connect(m_controlCenter.get(), &ZelControlCenter::modificationsApplied, this,
+            &ZelControlCenterStandAloneWidget::writeAppliedSettings);
     // The placeholder's logo comes with the pages too: Qt loads every image-format
     // plug-in before it reads its first image, which the first frame need not wait for.
     m_ui->uiDummyContent->setPixmap(QPixmap(QStringLiteral(":/controlCenter/controlCenter/logo-torvane.png")));
@@ -81,6 +91,7 @@ ZelControlCenterStandAloneWidget::~ZelControlCenterStandAloneWidget()
     m_generalPanel.reset();
     m_displayPanel.reset();
     m_movable.reset();
+    m_watch.reset();
     m_controlCenter.reset();
     m_ui.reset();
 }
@@ -94,6 +105,60 @@ std::vector<ZelSettingsPanel*> ZelControlCenterStandAloneWidget::pages() const
 ZelControlCenter* ZelControlCenterStandAloneWidget::controlCenter() const
 {
     return m_controlCenter.get();
+}
+
+void ZelControlCenterStandAloneWidget::showNotice(const QString& message)
+{
+    if (!m_notice) {
+        m_notice = new ZelSettingsNotice(this);
+        m_ui->windowLayout->insertWidget(1, m_notice);
+    }
+    m_notice->addMessage(message);
+}
+
+void ZelControlCenterStandAloneWidget::setSettingsReadOnly()
+{
+    m_readOnly = true;
+    if (m_controlCenter)
+        m_controlCenter->setSettingsWritable(false);
+}
+
+void ZelControlCenterStandAloneWidget::writeAppliedSettings()
+{
+    QString error;
+    if (m_readOnly || m_watch->writeApplied(error))
+        return;
+    // The pages compare with the file's values again: the edits show as pending.
+    for (ZelSettingsPanel* page : pages())
+        page->applyNotWritten();
+    m_controlCenter->reevaluateButtons();
+    showNotice(tr("Your changes could not be saved. %1\nThey are still on the pages: press Apply again once "
+                  "this is solved.")
+                   .arg(error));
+}
+
+void ZelControlCenterStandAloneWidget::takeOutsideChanges(const QStringList& keys)
+{
+    QStringList overridden;
+    if (m_controlCenter) {
+        for (ZelSettingsPanel* page : pages())
+            overridden += page->reloadStoredSettings();
+        m_controlCenter->reevaluateButtons();
+    }
+    const QSettings& settings = m_application->getSettings();
+    QStringList changes;
+    for (const QString& key : keys) {
+        changes.append(settings.contains(key) ? tr("%1 is now \"%2\"").arg(key, ZelSettings::GetSettingText(settings, key))
+                                              : tr("%1 was removed").arg(key));
+    }
+    QString message = tr("Another program changed the settings file: %1.").arg(changes.join(QStringLiteral("; ")));
+    if (!overridden.isEmpty()) {
+        message += QLatin1Char('\n')
+            + tr("You are editing %1 as well: your values stay on the pages and replace the other program's when you "
+                 "apply.")
+                  .arg(overridden.join(QStringLiteral(", ")));
+    }
+    showNotice(message);
 }
 
 void ZelControlCenterStandAloneWidget::triggerMinimize()

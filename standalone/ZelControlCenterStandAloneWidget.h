@@ -22,7 +22,9 @@ class ZelControlCenter;
 class ZelGeneralSettingsPanel;
 class ZelImportSettingsPanel;
 class ZelRendererSettingsPanel;
+class ZelSettingsNotice;
 class ZelSettingsPanel;
+class ZelSettingsWatch;
 class ZelSimplificationSettingsPanel;
 
 // The stand-alone settings editor's frameless window: a header with the product name
@@ -42,6 +44,11 @@ public:
     // Null until the window has painted its first frame.
     ZelControlCenter* controlCenter() const;
 
+    // Shows `message` in the notice bar at the top of the window.
+    void showNotice(const QString& message);
+    // The settings cannot be written: the pages show them, Apply stays disabled.
+    void setSettingsReadOnly();
+
 public Q_SLOTS:
     void triggerMinimize();
     // Maximises, or restores a maximised window.
@@ -59,6 +66,8 @@ protected:
 
 private:
     void buildControlCenter();
+    void writeAppliedSettings();
+    void takeOutsideChanges(const QStringList& keys);
     // The pages in registration order.
     std::vector<ZelSettingsPanel*> pages() const;
 
@@ -66,8 +75,12 @@ private:
     kqDMIApplication* m_application = nullptr;
     bool m_buildScheduled = false;
     bool m_menuRequested = false;
+    bool m_readOnly = false;
     std::unique_ptr<Ui::ControlCenterStandAlone> m_ui;
     std::unique_ptr<kq::kqMovableObject> m_movable;
+    // Created with the first notice; the window's layout holds it.
+    ZelSettingsNotice* m_notice = nullptr;
+    std::unique_ptr<ZelSettingsWatch> m_watch;
     std::unique_ptr<ZelControlCenter> m_controlCenter;
     std::unique_ptr<ZelRendererSettingsPanel> m_displayPanel;
     std::unique_ptr<ZelGeneralSettingsPanel> m_generalPanel;

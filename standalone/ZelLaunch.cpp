@@ -6,6 +6,7 @@
 #include "ZelRendererSelector.h"
 #include "ZelSettingsApplication.h"
 #include "ZelSettingsKeys.h"
+#include "ZelSettingsStart.h"
 #include "ZelSingleInstance.h"
 #include "ZelKernel.h"
 #include "kqSystem.h"
@@ -15,13 +16,11 @@
 #include <QFile>
 #include <QLibraryInfo>
 #include <QMessageBox>
-#include <QSaveFile>
 #include <QSettings>
 #include <QTranslator>
 
 #include <cstdio>
 #include <memory>
-#include <optional>
 
 namespace zel {
 
@@ -86,78 +85,6 @@ void stopPlatform()
     kq::terminateKqSystem();
 }
 
-// Settings.ini as it was before this run touched it, put back when the run must not
-// keep its changes. A file that did not exist is removed again.
-class SettingsSnapshot
-{
-public:
-    explicit SettingsSnapshot(const QString& file)
-        : m_file(file)
-    {
-        QFile original(file);
-        if (original.open(QIODevice::ReadOnly))
-            m_bytes = original.readAll();
-    }
-
-    bool restore(QString& error) const
-    {
-        QFile current(m_file);
-        if (!m_bytes) {
-            if (!current.exists() || current.remove())
-                return true;
-            error = current.errorString();
-            return false;
-        }
-        if (current.open(QIODevice::ReadOnly) && current.readAll() == *m_bytes)
-            return true;
-        QSaveFile file(m_file);
-        if (file.open(QIODevice::WriteOnly) && file.write(*m_bytes) == m_bytes->size() && file.commit())
-            return true;
-        error = file.errorString();
-        return false;
-    }
-
-private:
-    QString m_file;
-    std::optional<QByteArray> m_bytes;
-};
-
-// Upgrades or discards an old Settings.ini. True when the renderer is known afterwards.
-bool prepareSettingsFile(const QString& settingsFile, bool& exists, const QString& languageCode)
-{
-    if (!exists)
-        return false;
-    QString engine;
-    {
-        QSettings settings(settingsFile, ZelSettings::SettingsFormat());
-        bool isNumber = false;
-        int version = settings.value(SettingsKeys::SettingsVersion).toInt(&isNumber);
-        if (!isNumber)
-            version = 0;
-        if (version == 1) {
-            settings.setValue(SettingsKeys::SettingsVersion, 2);
-            settings.setValue(SettingsKeys::Engine, QStringLiteral("deferred"));
-            settings.sync();
-        } else if (version < 2) {
-            // Older files are not worth migrating: only the language is kept.
-            settings.clear();
-            settings.sync();
-            QFile::remove(settingsFile);
-            exists = false;
-        }
-        // An upgrade that could not be written leaves the renderer unknown.
-        if (exists && settings.status() == QSettings::NoError)
-            engine = settings.value(SettingsKeys::Engine).toString();
-    }
-    if (!exists) {
-        QSettings fresh(settingsFile, ZelSettings::SettingsFormat());
-        fresh.setValue(SettingsKeys::Language, languageCode);
-        fresh.sync();
-        return false;
-    }
-    return engine == QLatin1String("deferred") || engine == QLatin1String("software");
-}
-
 void showFatalError(const QString& text)
 {
     QMessageBox box(QMessageBox::Information,
@@ -167,28 +94,28 @@ void showFatalError(const QString& text)
 }
 
 // Runs the editor on a validated Settings.ini; returns the exit code.
-int runEditor(ZelSettingsApplication& application, ZelSingleInstance& instance, bool selectorShown)
+int runEditor(ZelSettingsApplication& application, ZelSingleInstance& instance, const ZelSettingsStart& start,
+              bool selectorShown)
 {
     QSettings& settings = application.getSettings();
-    settings.sync();
-    if (settings.status() != QSettings::NoError || !settings.isWritable()) {
-        showFatalError(QCoreApplication::translate("ZelControlCenterStandAloneWidget",
-                                                   "The settings file \"%1\" cannot be written.\n"
-                                                   "Check that you may write to its folder, then start again.")
-                           .arg(QDir::toNativeSeparators(settings.fileName())));
-        return 0;
-    }
     const QString logFile = settings.value(SettingsKeys::LogFile).toString();
     const QString blacklist = settings.value(SettingsKeys::DebugLogTypeBlacklist).toString();
     if (!MTLogger::InstallFileHandler(logFile.toStdString(), application.isDiagModeEnable(), blacklist.toStdString()))
         qWarning("Cannot append to the log file %s", qUtf8Printable(logFile));
 
     int result = 1;
-    if (!selectorShown) {
+    if (selectorShown) {
+        // No window this time: the next one tells what this start did.
+        start.keepNoticesForNextStart();
+    } else {
         ZelControlCenterStandAloneWidget window(&application, nullptr, Qt::FramelessWindowHint);
         QObject::connect(&instance, &ZelSingleInstance::messageReceived, &window,
                          &ZelControlCenterStandAloneWidget::parseMessage);
         instance.setActivationWindow(&window);
+        if (start.isReadOnly())
+            window.setSettingsReadOnly();
+        for (const QString& notice : start.takeNoticesOfEarlierStart() + start.notices())
+            window.showNotice(notice);
         window.show();
         window.openMenu();
         result = QApplication::exec();
@@ -236,17 +163,31 @@ int launch(int argc, char** argv)
     const QString settingsFolder = ZelControlCenter::GetSettingsFolder(applicationName);
     QDir().mkpath(settingsFolder);
     const QString settingsFile = ZelControlCenter::GetSettingsFile(applicationName);
-    bool exists = QFile::exists(settingsFile);
-    const SettingsSnapshot snapshot(settingsFile);
+    ZelSettingsStart start(settingsFile);
+    QString error;
+    if (!start.open(error)) {
+        showFatalError(error);
+        stopPlatform();
+        return 0;
+    }
 
     auto translator = std::make_unique<QTranslator>();
     const QString languageCode = loadTranslation(settingsFile, *translator);
 
-    const bool rendererKnown = prepareSettingsFile(settingsFile, exists, languageCode);
+    bool rendererKnown = false;
+    if (!start.prepare(languageCode, rendererKnown, error)) {
+        showFatalError(error);
+        QCoreApplication::removeTranslator(translator.get());
+        stopPlatform();
+        return 0;
+    }
     QString engine;
     if (!rendererKnown) {
         ZelRendererSelector selector(nullptr, Qt::WindowFlags());
         if (selector.exec() != QDialog::Accepted) {
+            // Cancelled: the user's file is back as it was.
+            if (!start.restore(error))
+                qWarning("The settings file could not be put back as it was: %s", qUtf8Printable(error));
             QCoreApplication::removeTranslator(translator.get());
             return 0;
         }
@@ -260,17 +201,20 @@ int launch(int argc, char** argv)
         ZelControlCenter::InitDefaultSettingsValues(applicationName);
         // After the catalogue, so an embedding application's own registrations win.
         ZelControlCenter::InitPageSettingsValues();
+        QSettings& settings = application.getSettings();
         if (!engine.isEmpty())
-            application.getSettings().setValue(SettingsKeys::Engine, engine);
+            settings.setValue(SettingsKeys::Engine, engine);
 
-        QString error;
-        if (ZelControlCenter::EnsureSettings(application.getSettings(), error)) {
-            result = runEditor(application, instance, !engine.isEmpty());
+        if (!start.beforePass(settings, error)) {
+            showFatalError(error);
+        } else if (ZelControlCenter::EnsureSettings(settings, error)) {
+            start.afterPass(settings);
+            result = runEditor(application, instance, start, !engine.isEmpty());
         } else {
             // The keys validated before the failure must not reach the disk.
-            application.getSettings().sync();
+            settings.sync();
             QString restoreError;
-            if (!snapshot.restore(restoreError))
+            if (!start.restore(restoreError))
                 error += QLatin1Char('\n')
                     + QCoreApplication::translate("ZelControlCenterStandAloneWidget",
                                                   "The settings file \"%1\" could not be put back as it was: %2")

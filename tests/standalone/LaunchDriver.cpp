@@ -3,13 +3,18 @@
 // Usage: launch-driver [ANSWER...] [-- ARGUMENT...]
 // Each ANSWER goes, in order, to the next modal dialog, or to the editor window when no
 // dialog is open: a key name ("Return", "Escape") is typed into it, "click:NAME" clicks
-// its child of that object name. Every dialog and window seen is reported on standard
-// output as "seen TITLE", and the result of launch as "launch returned N".
+// its child of that object name, "wait:N" lets N answering turns pass, "notice" reports
+// the editor's notice bar as "notice TEXT" (or "notice none"). Every dialog and window
+// seen is reported on standard output as "seen TITLE" (a message box's text as
+// "says TEXT"), and the result of launch as
+// "launch returned N".
 
 #include "ZelLaunch.h"
 
 #include <QApplication>
 #include <QKeySequence>
+#include <QLabel>
+#include <QMessageBox>
 #include <QSet>
 #include <QStringList>
 #include <QTest>
@@ -49,12 +54,31 @@ void answerNext()
     if (!seen.contains(target)) {
         seen.insert(target);
         report(QStringLiteral("seen ") + target->windowTitle());
+        if (const auto* box = qobject_cast<QMessageBox*>(target))
+            report(QStringLiteral("says ") + box->text().replace(QLatin1Char('\n'), QLatin1Char('|')));
         // Lets the window finish showing before it is answered.
         return;
     }
     if (answers.isEmpty())
         return;
+    static int waiting = 0;
+    if (waiting > 0) {
+        --waiting;
+        return;
+    }
     const QString answer = answers.takeFirst();
+    if (answer.startsWith(QLatin1String("wait:"))) {
+        waiting = answer.mid(5).toInt();
+        return;
+    }
+    if (answer == QLatin1String("notice")) {
+        const auto* notice = target->findChild<QWidget*>(QStringLiteral("settingsNotice"));
+        const auto* text = notice ? notice->findChild<QLabel*>(QStringLiteral("noticeText")) : nullptr;
+        report(QStringLiteral("notice ")
+               + (text && notice->isVisible() ? text->text().replace(QLatin1Char('\n'), QLatin1Char('|'))
+                                              : QStringLiteral("none")));
+        return;
+    }
     if (answer.startsWith(QLatin1String("click:"))) {
         auto* child = target->findChild<QWidget*>(answer.mid(6));
         if (!child) {

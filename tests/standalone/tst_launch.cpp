@@ -10,8 +10,12 @@
 #include <QProcess>
 #include <QSettings>
 #include <QTest>
+#include <QDirIterator>
 
 #include <memory>
+#include <optional>
+#include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
 
@@ -56,6 +60,35 @@ Run runDriver(const QStringList& answers, const QStringList& arguments = {})
     return finish(*startDriver(answers, arguments));
 }
 
+// The lines the driver reported for the notice bar, as one text.
+QString noticeOf(const Run& run)
+{
+    QString notices;
+    for (const QString& line : run.output.split(QLatin1Char('\n'))) {
+        if (line.startsWith(QLatin1String("notice ")))
+            notices += line.mid(7);
+    }
+    return notices;
+}
+
+// Root writes anywhere, so a file the system refuses to write needs another user: the
+// driver then runs as "nobody". Anyone else is refused by the permission bits alone.
+struct OtherUser
+{
+    uid_t uid = 0;
+    gid_t gid = 0;
+};
+
+std::optional<OtherUser> otherUser()
+{
+    if (geteuid() != 0)
+        return OtherUser {geteuid(), getegid()};
+    const passwd* nobody = getpwnam("nobody");
+    if (!nobody)
+        return std::nullopt;
+    return OtherUser {nobody->pw_uid, nobody->pw_gid};
+}
+
 bool waitForLine(QProcess& process, const QString& line, QString& output, int timeout = 30000)
 {
     QElapsedTimer timer;
@@ -88,11 +121,204 @@ private:
         file.write(text);
     }
 
+    // The copies kept beside Settings.ini.
+    QStringList copies() const
+    {
+        return QDir(settingsFolder()).entryList({QStringLiteral("Settings.ini.*.bak")}, QDir::Files, QDir::Name);
+    }
+
+    // Runs the driver as `user`, who may read the test's folders but own only the ones
+    // given to it.
+    Run runDriverAs(const OtherUser& user, const QStringList& answers)
+    {
+        const QString runtime = m_home.path() + QStringLiteral("/runtime-other");
+        QDir().mkpath(runtime);
+        for (const QString& path : {m_home.path(), m_home.configPath(), m_home.path() + QStringLiteral("/home")})
+            chmod(QFile::encodeName(path).constData(), 0755);
+        chmod(QFile::encodeName(m_home.tempPath()).constData(), 01777);
+        chown(QFile::encodeName(runtime).constData(), user.uid, user.gid);
+        chmod(QFile::encodeName(runtime).constData(), 0700);
+        auto process = std::make_unique<QProcess>();
+        process->setWorkingDirectory(QStringLiteral(ZEL_BUILD_DIR));
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtime);
+        process->setProcessEnvironment(environment);
+        if (user.uid != geteuid()) {
+            process->setChildProcessModifier([user] {
+                if (setgid(user.gid) != 0 || setuid(user.uid) != 0)
+                    _exit(126);
+            });
+        }
+        process->start(QStringLiteral(LAUNCH_DRIVER), answers);
+        return finish(*process);
+    }
+
+    // A complete, valid file, as the first start writes it.
+    QByteArray firstStartFile()
+    {
+        const Run run = runDriver({QStringLiteral("Return")});
+        if (run.exitCode != 1)
+            return {};
+        return fileBytes(settingsFile());
+    }
+
 private Q_SLOTS:
     void init()
     {
         QVERIFY(m_home.isValid());
+        QFile::setPermissions(settingsFolder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         QDir(settingsFolder()).removeRecursively();
+    }
+
+    void unversionedFileIsSetAsideWithACopy_data()
+    {
+        QTest::addColumn<QByteArray>("original");
+        QTest::newRow("a key set on a new account") << QByteArray("[deferred]\nuseSSAO=false\n");
+        QTest::newRow("every value reset") << QByteArray("language=fr\n[DBCache]\n\n[deferred]\n");
+        QByteArray binary(512, '\0');
+        for (int i = 0; i < binary.size(); ++i)
+            binary[i] = char((i * 7919) % 256);
+        QTest::newRow("binary") << binary;
+    }
+
+    void unversionedFileIsSetAsideWithACopy()
+    {
+        QFETCH(QByteArray, original);
+        writeSettings(original);
+
+        // Cancelling the selector leaves the file as it was, and no second copy of it.
+        const Run cancelled = runDriver({QStringLiteral("Escape")});
+        QCOMPARE(cancelled.exitCode, 0);
+        QCOMPARE(fileBytes(settingsFile()), original);
+        QCOMPARE(copies(), QStringList());
+
+        const Run chosen = runDriver({QStringLiteral("Return")});
+        QCOMPARE(chosen.exitCode, 1);
+        const QStringList kept = copies();
+        QCOMPARE(kept.size(), 1);
+        QCOMPARE(fileBytes(settingsFolder() + QLatin1Char('/') + kept.first()), original);
+        QCOMPARE(iniValues(settingsFile()).value(QStringLiteral("settingsVersion")).toString(), QStringLiteral("2"));
+
+        // The start that set it aside opened no window: the next one tells, once.
+        const Run told = runDriver({QStringLiteral("wait:3"), QStringLiteral("notice"), QStringLiteral("click:closeButton")});
+        QVERIFY2(noticeOf(told).contains(kept.first()), qPrintable(told.output));
+        const Run again = runDriver({QStringLiteral("wait:3"), QStringLiteral("notice"), QStringLiteral("click:closeButton")});
+        QCOMPARE(noticeOf(again), QStringLiteral("none"));
+    }
+
+    void repairsAtStartAreAnnouncedWithACopy()
+    {
+        QByteArray original = firstStartFile();
+        QVERIFY(!original.isEmpty());
+        const std::pair<const char*, const char*> bad[] = {
+            {"cacheSize=4096", "cacheSize=999999"},
+            {"enablediag=false", "enablediag=maybe"},
+            {"useSSAO=true", "useSSAO=yes"},
+            {"quality=medium", "quality=extreme"},
+            {"TesselationMaxFaceAngle=30", "TesselationMaxFaceAngle=400"},
+            {"sceneUnits=1", "sceneUnits=5"},
+        };
+        for (const auto& [good, wrong] : bad) {
+            QVERIFY2(original.contains(good), good);
+            original.replace(good, wrong);
+        }
+        writeSettings(original);
+
+        const Run run = runDriver({QStringLiteral("wait:3"), QStringLiteral("notice"), QStringLiteral("click:closeButton")});
+        QCOMPARE(run.exitCode, 0);
+        // Closing untouched asks nothing.
+        QVERIFY2(!run.output.contains(QStringLiteral("seen Settings Modification")), qPrintable(run.output));
+        const QString notice = noticeOf(run);
+        for (const char* key : {"DBCache/cacheSize: \"999999\" → \"4096\"", "enablediag: \"maybe\"",
+                                "deferred/useSSAO: \"yes\"", "raytracer/quality: \"extreme\"",
+                                "Tesselation/TesselationMaxFaceAngle: \"400\"", "deferred/sceneUnits: \"5\""})
+            QVERIFY2(notice.contains(QString::fromUtf8(key)), qPrintable(notice));
+        const QStringList kept = copies();
+        QCOMPARE(kept.size(), 1);
+        QVERIFY2(notice.contains(kept.first()), qPrintable(notice));
+        QCOMPARE(fileBytes(settingsFolder() + QLatin1Char('/') + kept.first()), original);
+        QCOMPARE(iniValues(settingsFile()).value(QStringLiteral("DBCache/cacheSize")).toString(), QStringLiteral("4096"));
+
+        // Repaired once: the next start has nothing to say and changes nothing.
+        const QByteArray repaired = fileBytes(settingsFile());
+        const Run next = runDriver({QStringLiteral("wait:3"), QStringLiteral("notice"), QStringLiteral("click:closeButton")});
+        QCOMPARE(noticeOf(next), QStringLiteral("none"));
+        QCOMPARE(fileBytes(settingsFile()), repaired);
+        QCOMPARE(copies().size(), 1);
+    }
+
+    void outsideChangeShowsWhileOpen()
+    {
+        const QByteArray original = firstStartFile();
+        QVERIFY(!original.isEmpty());
+        const auto editor = startDriver({QStringLiteral("wait:20"), QStringLiteral("notice"), QStringLiteral("click:closeButton")});
+        QString output;
+        QVERIFY(waitForLine(*editor, WindowTitle, output));
+        QByteArray changed = original;
+        changed.replace("useSSAO=true", "useSSAO=false");
+        QFile file(settingsFile());
+        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(changed);
+        file.close();
+        const Run run = finish(*editor);
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY2(noticeOf(run).contains(QStringLiteral("deferred/useSSAO is now \"false\"")), qPrintable(run.output));
+        QVERIFY(!run.output.contains(QStringLiteral("seen Settings Modification")));
+        QCOMPARE(fileBytes(settingsFile()), changed);
+    }
+
+    void unwritableSettingsOpenReadOnly_data()
+    {
+        QTest::addColumn<bool>("folderWritable");
+        QTest::addColumn<QString>("why");
+        QTest::newRow("read-only folder") << false << QStringLiteral("settings folder");
+        QTest::newRow("read-only file") << true << QStringLiteral("is read-only");
+    }
+
+    void unwritableSettingsOpenReadOnly()
+    {
+        QFETCH(bool, folderWritable);
+        QFETCH(QString, why);
+        const std::optional<OtherUser> user = otherUser();
+        if (!user)
+            QSKIP("Running as root without a \"nobody\" user: no user the system refuses to write for.");
+        QByteArray original = firstStartFile();
+        QVERIFY(!original.isEmpty());
+        original.replace("cacheSize=4096", "cacheSize=999999");
+        writeSettings(original);
+        const QByteArray folder = QFile::encodeName(settingsFolder());
+        const QByteArray file = QFile::encodeName(settingsFile());
+        chmod(file.constData(), 0444);
+        if (folderWritable) {
+            QVERIFY(chown(folder.constData(), user->uid, user->gid) == 0);
+            QVERIFY(chmod(folder.constData(), 0755) == 0);
+        } else {
+            QVERIFY(chown(file.constData(), user->uid, user->gid) == 0);
+            QVERIFY(chmod(file.constData(), user->uid == geteuid() ? 0444 : 0644) == 0);
+            QVERIFY(chmod(folder.constData(), 0555) == 0);
+        }
+        const Run run = runDriverAs(*user, {QStringLiteral("wait:3"), QStringLiteral("notice"), QStringLiteral("click:closeButton")});
+        chmod(folder.constData(), 0755);
+        chmod(file.constData(), 0644);
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY2(run.output.contains(WindowTitle), qPrintable(run.output));
+        const QString notice = noticeOf(run);
+        QVERIFY2(notice.contains(QStringLiteral("read-only")), qPrintable(notice));
+        QVERIFY2(notice.contains(why), qPrintable(notice));
+        // The repair shows on the page but is not written.
+        QVERIFY2(notice.contains(QStringLiteral("not written")), qPrintable(notice));
+        QCOMPARE(fileBytes(settingsFile()), original);
+        QCOMPARE(copies(), QStringList());
+    }
+
+    void folderInPlaceOfTheFileIsNamed()
+    {
+        QDir().mkpath(settingsFile());
+        const Run run = runDriver({QStringLiteral("Return")});
+        QDir(settingsFile()).removeRecursively();
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY2(run.output.contains(FatalTitle), qPrintable(run.output));
+        QVERIFY2(run.output.contains(QStringLiteral("is a folder, not a settings file")), qPrintable(run.output));
     }
 
     void hostPrintsHelpAndVersionWithoutWindow()
@@ -154,8 +380,9 @@ private Q_SLOTS:
 
     void versionOneIsUpgradedInPlace()
     {
-        writeSettings("settingsVersion=1\nengine=software\nlanguage=en\n[Custom]\nkept=yes\n");
-        const Run run = runDriver({QStringLiteral("click:closeButton")});
+        const QByteArray original("settingsVersion=1\nengine=software\nlanguage=en\n[Custom]\nkept=yes\n");
+        writeSettings(original);
+        const Run run = runDriver({QStringLiteral("wait:3"), QStringLiteral("notice"), QStringLiteral("click:closeButton")});
         QCOMPARE(run.exitCode, 0);
         QVERIFY(!run.output.contains(SelectorTitle));
         QVERIFY(run.output.contains(WindowTitle));
@@ -163,6 +390,11 @@ private Q_SLOTS:
         QCOMPARE(values.value(QStringLiteral("settingsVersion")).toString(), QStringLiteral("2"));
         QCOMPARE(values.value(QStringLiteral("engine")).toString(), QStringLiteral("deferred"));
         QCOMPARE(values.value(QStringLiteral("Custom/kept")).toString(), QStringLiteral("yes"));
+        const QStringList kept = copies();
+        QCOMPARE(kept.size(), 1);
+        QCOMPARE(fileBytes(settingsFolder() + QLatin1Char('/') + kept.first()), original);
+        QVERIFY2(noticeOf(run).contains(QStringLiteral("upgraded")), qPrintable(run.output));
+        QVERIFY2(noticeOf(run).contains(kept.first()), qPrintable(run.output));
     }
 
     void versionZeroKeepsOnlyItsLanguage()

@@ -1,6 +1,7 @@
 // The stand-alone editor's window over a real Settings.ini: its pages, its buttons, the
 // question before edits are thrown away, and a second start of torvane-settings.
 
+#include "SettingsFiles.h"
 #include "TestHome.h"
 #include "TestInput.h"
 #include "ZelControlCenter.h"
@@ -22,7 +23,9 @@
 #include <QTest>
 #include <QTimer>
 
+#include <csignal>
 #include <memory>
+#include <sys/resource.h>
 
 using namespace zel;
 
@@ -52,9 +55,29 @@ private:
         });
     }
 
-    // One edit on the General page, typed as a user would.
+    QString settingsFile() const { return m_application->getSettings().fileName(); }
+
+    // What the notice bar says; empty while it is hidden.
+    QString notice() const
+    {
+        const auto* bar = m_window->findChild<QWidget*>(QStringLiteral("settingsNotice"));
+        if (!bar || !bar->isVisible())
+            return QString();
+        return bar->findChild<QLabel*>(QStringLiteral("noticeText"))->text();
+    }
+
+    // Replaces the file's bytes as another program would.
+    static void writeAsAnotherProgram(const QString& path, const QByteArray& bytes)
+    {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        QCOMPARE(file.write(bytes), bytes.size());
+    }
+
+    // One edit on the General page, typed as a user would, once the drawer is still.
     void editAPage()
     {
+        QTRY_VERIFY(m_window->controlCenter()->isMenuOpen() && m_window->controlCenter()->isSettingsOpen());
         auto* page = m_window->findChild<ZelGeneralSettingsPanel*>();
         auto* field = page->findChild<QAbstractSpinBox*>();
         field->setFocus();
@@ -66,6 +89,8 @@ private Q_SLOTS:
     void init()
     {
         QVERIFY(m_home.isValid());
+        // Each test starts from a new user's file.
+        QFile::remove(m_home.configPath() + QStringLiteral("/Settings.ini"));
         m_application = std::make_unique<ZelSettingsApplication>(m_home.configPath());
         ZelControlCenter::InitDefaultSettingsValues(ZelControlCenter::GetApplicationName());
         ZelControlCenter::InitPageSettingsValues();
@@ -134,6 +159,73 @@ private Q_SLOTS:
         });
         click(button("closeButton"));
         QVERIFY(!m_window->isVisible());
+    }
+
+    void failedWriteKeepsTheEditsAndTheFile_data()
+    {
+        QTest::addColumn<bool>("sizeLimit");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("file size limit") << true << QStringLiteral("File too large");
+        QTest::newRow("folder in place of the file") << false << QStringLiteral("is a folder");
+    }
+
+    void failedWriteKeepsTheEditsAndTheFile()
+    {
+        QFETCH(bool, sizeLimit);
+        QFETCH(QString, reason);
+        const QString file = settingsFile();
+        const QByteArray before = fileBytes(file);
+        QVERIFY(before.size() > 400);
+        editAPage();
+        QPushButton* apply = button("applyButton");
+
+        rlimit limit {};
+        QVERIFY(getrlimit(RLIMIT_FSIZE, &limit) == 0);
+        const rlimit unlimited = limit;
+        if (sizeLimit) {
+            // Room for the write lock, not for the file.
+            std::signal(SIGXFSZ, SIG_IGN);
+            limit.rlim_cur = rlim_t(before.size() / 2);
+            QVERIFY(setrlimit(RLIMIT_FSIZE, &limit) == 0);
+        } else {
+            QVERIFY(QFile::remove(file));
+            QVERIFY(QDir().mkpath(file));
+        }
+        click(apply);
+        if (sizeLimit) {
+            QVERIFY(setrlimit(RLIMIT_FSIZE, &unlimited) == 0);
+        } else {
+            QVERIFY(QDir(file).removeRecursively());
+            writeAsAnotherProgram(file, before);
+        }
+        QVERIFY2(notice().contains(reason), qPrintable(notice()));
+        QCOMPARE(fileBytes(file), before);
+        // The edit waits on its page for a retry.
+        QVERIFY(m_window->controlCenter()->hasModifications());
+        QTRY_VERIFY(apply->isEnabled());
+
+        click(apply);
+        QVERIFY(!m_window->controlCenter()->hasModifications());
+        QVERIFY(fileBytes(file) != before);
+    }
+
+    void outsideChangeReachesThePagesAndKeepsPendingEdits()
+    {
+        const QString file = settingsFile();
+        editAPage();
+        QByteArray changed = fileBytes(file);
+        QVERIFY(changed.contains("cacheSize=4096") && changed.contains("useSSAO=true"));
+        changed.replace("cacheSize=4096", "cacheSize=2048").replace("useSSAO=true", "useSSAO=false");
+        writeAsAnotherProgram(file, changed);
+
+        QTRY_VERIFY2(notice().contains(QStringLiteral("deferred/useSSAO is now \"false\"")), qPrintable(notice()));
+        QVERIFY2(notice().contains(QStringLiteral("You are editing DBCache/cacheSize")), qPrintable(notice()));
+        // The user's edit wins on Apply, the other program's other value stays.
+        click(button("applyButton"));
+        const QVariantMap values = iniValues(file);
+        QCOMPARE(values.value(QStringLiteral("DBCache/cacheSize")).toString(), QStringLiteral("4086"));
+        QCOMPARE(values.value(QStringLiteral("deferred/useSSAO")).toString(), QStringLiteral("false"));
+        QVERIFY(!m_window->controlCenter()->hasModifications());
     }
 
     void windowButtons()

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QFrame>
+#include <QStringList>
+
+#include <memory>
+
+namespace Ui {
+class ZelSettingsNotice;
+}
+
+namespace zel {
+
+// The bar at the top of the editor's window that tells what happened to the settings
+// without being asked: a repair at start, a file set aside, a read-only folder, a value
+// another program wrote, a write that failed. It never blocks the window; the user
+// closes it when read.
+class ZelSettingsNotice : public QFrame
+{
+    Q_OBJECT
+
+public:
+    explicit ZelSettingsNotice(QWidget* parent = nullptr);
+    ~ZelSettingsNotice() override;
+
+    // Adds `message` below the ones still shown and shows the bar.
+    void addMessage(const QString& message);
+    // The messages on show, oldest first; empty once the user closed the bar.
+    const QStringList& messages() const;
+
+Q_SIGNALS:
+    void closed();
+
+private:
+    void closeNotice();
+
+    Q_DISABLE_COPY_MOVE(ZelSettingsNotice)
+    std::unique_ptr<Ui::ZelSettingsNotice> m_ui;
+    QStringList m_messages;
+};
+
+} // namespace zel

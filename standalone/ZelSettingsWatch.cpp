@@ -1,0 +1,154 @@
+#include "ZelSettingsWatch.h"
+
+#include "ZelSettingsFile.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace zel {
+
+namespace {
+
+// Writers replace the file in a few steps; the check waits for them to settle.
+constexpr int SettleMilliseconds = 80;
+
+QStringList textsOf(const QVariant& value)
+{
+    if (!value.isValid())
+        return {};
+    if (value.typeId() == QMetaType::QStringList || value.typeId() == QMetaType::QVariantList)
+        return value.toStringList();
+    return {value.toString()};
+}
+
+bool sameValue(const QVariant& left, const QVariant& right)
+{
+    return left.isValid() == right.isValid() && textsOf(left) == textsOf(right);
+}
+
+} // namespace
+
+ZelSettingsWatch::ZelSettingsWatch(QSettings& settings, QObject* parent)
+    : QObject(parent)
+    , m_settings(settings)
+    , m_file(settings.fileName())
+{
+    readFile(m_known);
+    m_settle.setSingleShot(true);
+    m_settle.setInterval(SettleMilliseconds);
+    connect(&m_settle, &QTimer::timeout, this, &ZelSettingsWatch::checkFile);
+    connect(&m_watcher, &QFileSystemWatcher::fileChanged, &m_settle, qOverload<>(&QTimer::start));
+    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, &m_settle, qOverload<>(&QTimer::start));
+    watchFile();
+}
+
+ZelSettingsWatch::~ZelSettingsWatch() = default;
+
+void ZelSettingsWatch::watchFile()
+{
+    // A file replaced by a rename is a new file: the watch on the old one is gone.
+    const QString folder = QFileInfo(m_file).absolutePath();
+    if (!m_watcher.directories().contains(folder))
+        m_watcher.addPath(folder);
+    if (!m_watcher.files().contains(m_file) && QFileInfo(m_file).isFile())
+        m_watcher.addPath(m_file);
+}
+
+bool ZelSettingsWatch::readFile(QSettings::SettingsMap& values) const
+{
+    QFile file(m_file);
+    if (!QFileInfo(m_file).isFile() || !file.open(QIODevice::ReadOnly))
+        return false;
+    values = ZelSettingsFile::ReadValues(file.readAll());
+    return true;
+}
+
+void ZelSettingsWatch::takeFileValues(const QSettings::SettingsMap& values)
+{
+    for (const QString& key : m_settings.allKeys()) {
+        const auto stored = values.constFind(key);
+        if (stored == values.cend()) {
+            m_settings.remove(key);
+            m_heldBack.append(key);
+        } else if (!sameValue(m_settings.value(key), *stored)) {
+            m_settings.setValue(key, *stored);
+            m_heldBack.append(key);
+        }
+    }
+    m_heldBack.removeDuplicates();
+}
+
+void ZelSettingsWatch::checkFile()
+{
+    watchFile();
+    QSettings::SettingsMap values;
+    if (!readFile(values))
+        return;
+    QStringList changed;
+    for (auto it = values.cbegin(); it != values.cend(); ++it) {
+        const auto known = m_known.constFind(it.key());
+        if (known == m_known.cend() || !sameValue(*known, *it))
+            changed.append(it.key());
+    }
+    for (auto it = m_known.cbegin(); it != m_known.cend(); ++it) {
+        if (!values.contains(it.key()))
+            changed.append(it.key());
+    }
+    if (changed.isEmpty())
+        return;
+    m_known = values;
+    for (const QString& key : std::as_const(m_heldBack)) {
+        if (values.contains(key))
+            m_settings.setValue(key, values.value(key));
+        else
+            m_settings.remove(key);
+    }
+    // Re-reads the file, since it changed under us.
+    m_settings.sync();
+    Q_EMIT changedOutside(changed);
+}
+
+bool ZelSettingsWatch::writeApplied(QString& error)
+{
+    m_settings.sync();
+    QSettings::SettingsMap values;
+    // QSettings keeps the first error it met, so the file itself says whether it
+    // holds every value now.
+    const bool readable = readFile(values);
+    bool written = readable;
+    if (written) {
+        const QStringList keys = m_settings.allKeys();
+        written = std::all_of(keys.cbegin(), keys.cend(), [&](const QString& key) {
+            return values.contains(key) && sameValue(values.value(key), m_settings.value(key));
+        });
+    }
+    if (written) {
+        m_known = values;
+        m_heldBack.clear();
+        return true;
+    }
+    error = writeError();
+    // A file that cannot even be read (a folder took its place) held what we last saw.
+    takeFileValues(readable ? values : m_known);
+    return false;
+}
+
+QString ZelSettingsWatch::writeError() const
+{
+    const FileProblem problem = ZelSettingsFile::WriteProblem(m_file);
+    if (!problem.isNull())
+        return QStringLiteral("%1 (%2)").arg(problem.text, problem.reason);
+    const QString reason = ZelSettingsFile::LastWriteError();
+    const QString file = QDir::toNativeSeparators(m_file);
+    if (reason.isEmpty())
+        return QCoreApplication::translate("ZelSettingsWatch", "The settings file \"%1\" could not be written.")
+            .arg(file);
+    return QCoreApplication::translate("ZelSettingsWatch", "The settings file \"%1\" could not be written (%2).")
+        .arg(file, reason);
+}
+
+} // namespace zel
