@@ -89,7 +89,8 @@ void ZelSettingsFile::Upgrade(QSettings& settings)
 
 bool ZelSettingsFile::KeepCopy(const QString& file, const QByteArray& bytes, QString& copy, QString& error)
 {
-    const QString stem = file + QLatin1Char('.') + QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
+    const QString stem
+        = file + QLatin1Char('.') + QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
     for (int attempt = 1; attempt < 1000; ++attempt) {
         const QString candidate =
             stem + (attempt == 1 ? QString() : QStringLiteral("-%1").arg(attempt)) + QStringLiteral(".bak");
@@ -98,12 +99,12 @@ bool ZelSettingsFile::KeepCopy(const QString& file, const QByteArray& bytes, QSt
         if (!target.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
             if (target.exists())
                 continue;
-            error = translated("A copy of \"%1\" could not be kept as \"%2\": %3")
+            error = translated(QT_TRANSLATE_NOOP("ZelSettingsFile", "A copy of \"%1\" could not be kept as \"%2\": %3"))
                         .arg(native(file), native(candidate), target.errorString());
             return false;
         }
         if (target.write(bytes) != bytes.size() || !target.flush()) {
-            error = translated("A copy of \"%1\" could not be kept as \"%2\": %3")
+            error = translated(QT_TRANSLATE_NOOP("ZelSettingsFile", "A copy of \"%1\" could not be kept as \"%2\": %3"))
                         .arg(native(file), native(candidate), target.errorString());
             target.close();
             target.remove();
@@ -113,7 +114,9 @@ bool ZelSettingsFile::KeepCopy(const QString& file, const QByteArray& bytes, QSt
         copy = candidate;
         return true;
     }
-    error = translated("A copy of \"%1\" could not be kept: too many copies beside it.").arg(native(file));
+    error = translated(
+        QT_TRANSLATE_NOOP("ZelSettingsFile", "A copy of \"%1\" could not be kept: too many copies beside it."))
+                .arg(native(file));
     return false;
 }
 
@@ -121,7 +124,8 @@ bool ZelSettingsFile::SetAside(const QString& file, QString& copy, QString& erro
 {
     QFile original(file);
     if (!original.open(QIODevice::ReadOnly)) {
-        error = translated("\"%1\" could not be read: %2").arg(native(file), original.errorString());
+        error = translated(QT_TRANSLATE_NOOP("ZelSettingsFile", "\"%1\" could not be read: %2"))
+                    .arg(native(file), original.errorString());
         return false;
     }
     const QByteArray bytes = original.readAll();
@@ -130,7 +134,8 @@ bool ZelSettingsFile::SetAside(const QString& file, QString& copy, QString& erro
         return false;
     if (original.remove())
         return true;
-    error = translated("\"%1\" could not be removed: %2").arg(native(file), original.errorString());
+    error = translated(QT_TRANSLATE_NOOP("ZelSettingsFile", "\"%1\" could not be removed: %2"))
+                .arg(native(file), original.errorString());
     QFile::remove(copy);
     copy.clear();
     return false;
@@ -142,27 +147,31 @@ FileProblem ZelSettingsFile::WriteProblem(const QString& file)
     const QString folder = info.absolutePath();
     FileProblem problem;
     if (info.isDir()) {
-        problem.text = translated("\"%1\" is a folder, not a settings file. Rename or move that folder so "
-                                  "that the settings can be saved there.")
+        problem.text = translated(QT_TRANSLATE_NOOP("ZelSettingsFile",
+                                      "\"%1\" is a folder, not a settings file. Rename or move that folder so "
+                                      "that the settings can be saved there."))
                            .arg(native(file));
         problem.reason = systemReason(EISDIR);
         return problem;
     }
     if (!QFileInfo(folder).isDir()) {
-        problem.text = translated("The folder \"%1\" does not exist.").arg(native(folder));
+        problem.text
+            = translated(QT_TRANSLATE_NOOP("ZelSettingsFile", "The folder \"%1\" does not exist.")).arg(native(folder));
         problem.reason = systemReason(ENOENT);
         return problem;
     }
     if (info.exists() && !mayWrite(file, problem.reason)) {
-        problem.text = translated("The settings file \"%1\" is read-only. Allow writing to it to save your "
-                                  "settings.")
+        problem.text = translated(QT_TRANSLATE_NOOP("ZelSettingsFile",
+                                      "The settings file \"%1\" is read-only. Allow writing to it to save your "
+                                      "settings."))
                            .arg(native(file));
         return problem;
     }
     // The file is replaced as a whole, through a new file written beside it.
     if (!mayWrite(folder, problem.reason)) {
-        problem.text = translated("The settings folder \"%1\" is read-only. Allow writing to it to save your "
-                                  "settings.")
+        problem.text = translated(QT_TRANSLATE_NOOP("ZelSettingsFile",
+                                      "The settings folder \"%1\" is read-only. Allow writing to it to save your "
+                                      "settings."))
                            .arg(native(folder));
         return problem;
     }

@@ -17,7 +17,7 @@ namespace {
 // A long list names its first entries and counts the rest.
 constexpr int ListedEntries = 6;
 
-QString tr(const char* text)
+QString translated(const char* text)
 {
     return QCoreApplication::translate("ZelSettingsStart", text);
 }
@@ -32,7 +32,7 @@ QString listed(const QStringList& lines, const QString& separator)
     if (lines.size() <= ListedEntries)
         return lines.join(separator);
     return lines.mid(0, ListedEntries).join(separator) + separator
-        + tr("and %1 more").arg(lines.size() - ListedEntries);
+        + translated(QT_TRANSLATE_NOOP("ZelSettingsStart", "and %1 more")).arg(lines.size() - ListedEntries);
 }
 
 bool writeBytes(const QString& path, const QByteArray& bytes, QString& error)
@@ -62,12 +62,14 @@ bool ZelSettingsStart::open(QString& error)
     if (!info.exists()) {
         if (m_readOnly.isNull())
             return true;
-        error = tr("Torvane cannot create its settings file. %1 (%2)").arg(m_readOnly.text, m_readOnly.reason);
+        error = translated(QT_TRANSLATE_NOOP("ZelSettingsStart", "Torvane cannot create its settings file. %1 (%2)"))
+                    .arg(m_readOnly.text, m_readOnly.reason);
         return false;
     }
     QFile file(m_file);
     if (!file.open(QIODevice::ReadOnly)) {
-        error = tr("The settings file \"%1\" cannot be read (%2).").arg(native(m_file), file.errorString());
+        error = translated(QT_TRANSLATE_NOOP("ZelSettingsStart", "The settings file \"%1\" cannot be read (%2)."))
+                    .arg(native(m_file), file.errorString());
         return false;
     }
     m_bytes = file.readAll();
@@ -153,7 +155,8 @@ bool ZelSettingsStart::beforePass(const QSettings& settings, QString& error)
         return true;
     QFile file(m_file);
     if (!file.open(QIODevice::ReadOnly)) {
-        error = tr("The settings file \"%1\" cannot be read (%2).").arg(native(m_file), file.errorString());
+        error = translated(QT_TRANSLATE_NOOP("ZelSettingsStart", "The settings file \"%1\" cannot be read (%2)."))
+                    .arg(native(m_file), file.errorString());
         return false;
     }
     return ZelSettingsFile::KeepCopy(m_file, file.readAll(), m_copy, error);
@@ -171,7 +174,9 @@ void ZelSettingsStart::afterPass(const QSettings& settings)
         if (ZelSettings::GetSettingText(settings, repair.key) != repair.after || !values.contains(repair.key)) {
             m_readOnly = ZelSettingsFile::WriteProblem(m_file);
             if (m_readOnly.isNull()) {
-                m_readOnly.text = tr("The settings file \"%1\" could not be written.").arg(native(m_file));
+                m_readOnly.text = translated(
+                    QT_TRANSLATE_NOOP("ZelSettingsStart", "The settings file \"%1\" could not be written."))
+                                      .arg(native(m_file));
                 m_readOnly.reason = ZelSettingsFile::LastWriteError();
             }
             return;
@@ -181,7 +186,8 @@ void ZelSettingsStart::afterPass(const QSettings& settings)
 
 QString ZelSettingsStart::copyText() const
 {
-    return tr("The file as it was is kept as \"%1\".").arg(native(m_copy));
+    return translated(QT_TRANSLATE_NOOP("ZelSettingsStart", "The file as it was is kept as \"%1\"."))
+        .arg(native(m_copy));
 }
 
 QStringList ZelSettingsStart::notices() const
@@ -189,42 +195,53 @@ QStringList ZelSettingsStart::notices() const
     QStringList notices;
     const bool readOnly = isReadOnly();
     if (readOnly) {
-        notices.append(tr("Your settings are open read-only: %1 (%2)\nEvery page shows the stored values, "
-                          "but changes cannot be applied.")
+        notices.append(translated(QT_TRANSLATE_NOOP("ZelSettingsStart",
+                                      "Your settings are open read-only: %1 (%2)\nEvery page shows the stored values, "
+                                      "but changes cannot be applied."))
                            .arg(m_readOnly.text, m_readOnly.reason));
     }
     if (m_layout == ZelSettingsFile::Layout::Discard) {
-        notices.append(readOnly ? tr("This settings file comes from an older version of Torvane. It is shown as it "
-                                     "is; it will be set aside at a start that can write it.")
-                                : tr("Your settings file came from an older version of Torvane that this one "
-                                     "cannot read. It was set aside as \"%1\" and Torvane starts from its default "
-                                     "settings, keeping your language.")
-                                      .arg(native(m_copy)));
+        notices.append(readOnly
+                ? translated(QT_TRANSLATE_NOOP("ZelSettingsStart",
+                    "This settings file comes from an older version of Torvane. It is shown as it "
+                    "is; it will be set aside at a start that can write it."))
+                : translated(QT_TRANSLATE_NOOP("ZelSettingsStart",
+                                 "Your settings file came from an older version of Torvane that this one "
+                                 "cannot read. It was set aside as \"%1\" and Torvane starts from its default "
+                                 "settings, keeping your language."))
+                      .arg(native(m_copy)));
     } else if (m_layout == ZelSettingsFile::Layout::Upgrade) {
-        notices.append(readOnly ? tr("This settings file comes from an older version of Torvane. It is shown as it "
-                                     "is; it will be upgraded at a start that can write it.")
-                                : tr("Your settings file was upgraded from an older version of Torvane: the display "
-                                     "engine is now the GPU renderer. %1")
-                                      .arg(copyText()));
+        notices.append(readOnly
+                ? translated(QT_TRANSLATE_NOOP("ZelSettingsStart",
+                    "This settings file comes from an older version of Torvane. It is shown as it "
+                    "is; it will be upgraded at a start that can write it."))
+                : translated(QT_TRANSLATE_NOOP("ZelSettingsStart",
+                                 "Your settings file was upgraded from an older version of Torvane: the display "
+                                 "engine is now the GPU renderer. %1"))
+                      .arg(copyText()));
     }
     if (!m_repairs.empty()) {
         QStringList lines;
         for (const SettingRepair& repair : m_repairs)
             lines.append(QStringLiteral("%1: \"%2\" → \"%3\"").arg(repair.key, repair.before, repair.after));
-        QString text = (readOnly ? tr("These settings hold values Torvane cannot use. The pages show them repaired, "
-                                      "but the repairs are not written:")
-                                 : tr("Torvane repaired these settings, which held values it cannot use:"))
+        QString text = (readOnly ? translated(QT_TRANSLATE_NOOP("ZelSettingsStart",
+                            "These settings hold values Torvane cannot use. The pages show them repaired, "
+                            "but the repairs are not written:"))
+                                 : translated(QT_TRANSLATE_NOOP("ZelSettingsStart",
+                                     "Torvane repaired these settings, which held values it cannot use:")))
             + QLatin1Char('\n') + listed(lines, QStringLiteral("\n"));
         if (!readOnly && !m_copy.isEmpty() && m_layout != ZelSettingsFile::Layout::Upgrade)
             text += QLatin1Char('\n') + copyText();
         notices.append(text);
     }
     if (!m_added.isEmpty() && m_layout != ZelSettingsFile::Layout::Discard && m_bytes) {
-        notices.append((readOnly ? tr("These settings are missing from the file; the pages show their default "
-                                      "values:")
-                                 : tr("These settings were missing from the file and were added with their default "
-                                      "values:"))
-                       + QLatin1Char(' ') + listed(m_added, QStringLiteral(", ")));
+        notices.append((readOnly ? translated(QT_TRANSLATE_NOOP("ZelSettingsStart",
+                            "These settings are missing from the file; the pages show their default "
+                            "values:"))
+                                 : translated(QT_TRANSLATE_NOOP("ZelSettingsStart",
+                                     "These settings were missing from the file and were added with their default "
+                                     "values:")))
+            + QLatin1Char(' ') + listed(m_added, QStringLiteral(", ")));
     }
     return notices;
 }

@@ -122,11 +122,6 @@ Continue and close the application ?</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>The settings file &quot;%1&quot; cannot be written.
-Check that you may write to its folder, then start again.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>The settings file &quot;%1&quot; could not be put back as it was: %2</source>
         <translation type="unfinished"></translation>
     </message>
@@ -382,6 +377,123 @@ You may manually choose the parameters that will best fit your needs.</source>
     </message>
 </context>
 <context>
+    <name>ZelSettingsFile</name>
+    <message>
+        <source>A copy of &quot;%1&quot; could not be kept as &quot;%2&quot;: %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A copy of &quot;%1&quot; could not be kept: too many copies beside it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; could not be read: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; could not be removed: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is a folder, not a settings file. Rename or move that folder so that the settings can be saved there.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The folder &quot;%1&quot; does not exist.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The settings file &quot;%1&quot; is read-only. Allow writing to it to save your settings.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The settings folder &quot;%1&quot; is read-only. Allow writing to it to save your settings.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ZelSettingsNotice</name>
+    <message>
+        <source>Settings notice</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close this notice</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ZelSettingsStart</name>
+    <message>
+        <source>and %1 more</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Torvane cannot create its settings file. %1 (%2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The settings file &quot;%1&quot; cannot be read (%2).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The settings file &quot;%1&quot; could not be written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file as it was is kept as &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Your settings are open read-only: %1 (%2)
+Every page shows the stored values, but changes cannot be applied.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This settings file comes from an older version of Torvane. It is shown as it is; it will be set aside at a start that can write it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Your settings file came from an older version of Torvane that this one cannot read. It was set aside as &quot;%1&quot; and Torvane starts from its default settings, keeping your language.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This settings file comes from an older version of Torvane. It is shown as it is; it will be upgraded at a start that can write it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Your settings file was upgraded from an older version of Torvane: the display engine is now the GPU renderer. %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>These settings hold values Torvane cannot use. The pages show them repaired, but the repairs are not written:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Torvane repaired these settings, which held values it cannot use:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>These settings are missing from the file; the pages show their default values:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>These settings were missing from the file and were added with their default values:</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ZelSettingsWatch</name>
+    <message>
+        <source>The settings file &quot;%1&quot; could not be written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The settings file &quot;%1&quot; could not be written (%2).</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ZelSimplificationSettingsPanel</name>
     <message>
         <source>Compression / Simplification</source>
@@ -430,6 +542,30 @@ compression</source>
     </message>
     <message>
         <source>About</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zel::ZelControlCenterStandAloneWidget</name>
+    <message>
+        <source>Your changes could not be saved. %1
+They are still on the pages: press Apply again once this is solved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is now &quot;%2&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 was removed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Another program changed the settings file: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You are editing %1 as well: your values stay on the pages and replace the other program&apos;s when you apply.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -123,12 +123,6 @@ Continuer et fermer l’application ?</translation>
         <translation>Torvane - Erreur fatale</translation>
     </message>
     <message>
-        <source>The settings file &quot;%1&quot; cannot be written.
-Check that you may write to its folder, then start again.</source>
-        <translation>Le fichier de paramètres « %1 » ne peut pas être écrit.
-Vérifiez que vous pouvez écrire dans son dossier, puis relancez.</translation>
-    </message>
-    <message>
         <source>The settings file &quot;%1&quot; could not be put back as it was: %2</source>
         <translation>Le fichier de paramètres « %1 » n’a pas pu être remis dans son état d’origine : %2</translation>
     </message>
@@ -386,6 +380,124 @@ Vous pouvez choisir vous-même les paramètres les mieux adaptés à vos besoins
     </message>
 </context>
 <context>
+    <name>ZelSettingsFile</name>
+    <message>
+        <source>A copy of &quot;%1&quot; could not be kept as &quot;%2&quot;: %3</source>
+        <translation>Impossible de conserver une copie de « %1 » sous « %2 » : %3</translation>
+    </message>
+    <message>
+        <source>A copy of &quot;%1&quot; could not be kept: too many copies beside it.</source>
+        <translation>Impossible de conserver une copie de « %1 » : trop de copies à côté.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; could not be read: %2</source>
+        <translation>Impossible de lire « %1 » : %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; could not be removed: %2</source>
+        <translation>Impossible de supprimer « %1 » : %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is a folder, not a settings file. Rename or move that folder so that the settings can be saved there.</source>
+        <translation>« %1 » est un dossier, pas un fichier de paramètres. Renommez ou déplacez ce dossier pour que les paramètres puissent y être enregistrés.</translation>
+    </message>
+    <message>
+        <source>The folder &quot;%1&quot; does not exist.</source>
+        <translation>Le dossier « %1 » n’existe pas.</translation>
+    </message>
+    <message>
+        <source>The settings file &quot;%1&quot; is read-only. Allow writing to it to save your settings.</source>
+        <translation>Le fichier de paramètres « %1 » est en lecture seule. Autorisez l’écriture pour enregistrer vos paramètres.</translation>
+    </message>
+    <message>
+        <source>The settings folder &quot;%1&quot; is read-only. Allow writing to it to save your settings.</source>
+        <translation>Le dossier des paramètres « %1 » est en lecture seule. Autorisez l’écriture pour enregistrer vos paramètres.</translation>
+    </message>
+</context>
+<context>
+    <name>ZelSettingsNotice</name>
+    <message>
+        <source>Settings notice</source>
+        <translation>Avis sur les paramètres</translation>
+    </message>
+    <message>
+        <source>Close this notice</source>
+        <translation>Fermer cet avis</translation>
+    </message>
+</context>
+<context>
+    <name>ZelSettingsStart</name>
+    <message>
+        <source>and %1 more</source>
+        <translation>et %1 de plus</translation>
+    </message>
+    <message>
+        <source>Torvane cannot create its settings file. %1 (%2)</source>
+        <translation>Torvane ne peut pas créer son fichier de paramètres. %1 (%2)</translation>
+    </message>
+    <message>
+        <source>The settings file &quot;%1&quot; cannot be read (%2).</source>
+        <translation>Le fichier de paramètres « %1 » ne peut pas être lu (%2).</translation>
+    </message>
+    <message>
+        <source>The settings file &quot;%1&quot; could not be written.</source>
+        <translation>Le fichier de paramètres « %1 » n’a pas pu être écrit.</translation>
+    </message>
+    <message>
+        <source>The file as it was is kept as &quot;%1&quot;.</source>
+        <translation>Le fichier tel qu’il était est conservé sous « %1 ».</translation>
+    </message>
+    <message>
+        <source>Your settings are open read-only: %1 (%2)
+Every page shows the stored values, but changes cannot be applied.</source>
+        <translation>Vos paramètres sont ouverts en lecture seule : %1 (%2)
+Chaque page montre les valeurs enregistrées, mais les modifications ne peuvent pas être appliquées.</translation>
+    </message>
+    <message>
+        <source>This settings file comes from an older version of Torvane. It is shown as it is; it will be set aside at a start that can write it.</source>
+        <translation>Ce fichier de paramètres vient d’une version plus ancienne de Torvane. Il est affiché tel quel ; il sera mis de côté lors d’un démarrage qui peut l’écrire.</translation>
+    </message>
+    <message>
+        <source>Your settings file came from an older version of Torvane that this one cannot read. It was set aside as &quot;%1&quot; and Torvane starts from its default settings, keeping your language.</source>
+        <translation>Votre fichier de paramètres venait d’une version plus ancienne de Torvane que celle-ci ne sait pas lire. Il a été mis de côté sous « %1 » et Torvane repart de ses paramètres par défaut, en gardant votre langue.</translation>
+    </message>
+    <message>
+        <source>This settings file comes from an older version of Torvane. It is shown as it is; it will be upgraded at a start that can write it.</source>
+        <translation>Ce fichier de paramètres vient d’une version plus ancienne de Torvane. Il est affiché tel quel ; il sera mis à jour lors d’un démarrage qui peut l’écrire.</translation>
+    </message>
+    <message>
+        <source>Your settings file was upgraded from an older version of Torvane: the display engine is now the GPU renderer. %1</source>
+        <translation>Votre fichier de paramètres a été mis à jour depuis une version plus ancienne de Torvane : le moteur d’affichage est désormais le rendu GPU. %1</translation>
+    </message>
+    <message>
+        <source>These settings hold values Torvane cannot use. The pages show them repaired, but the repairs are not written:</source>
+        <translation>Ces paramètres contiennent des valeurs que Torvane ne peut pas utiliser. Les pages les montrent réparées, mais les réparations ne sont pas écrites :</translation>
+    </message>
+    <message>
+        <source>Torvane repaired these settings, which held values it cannot use:</source>
+        <translation>Torvane a réparé ces paramètres, qui contenaient des valeurs inutilisables :</translation>
+    </message>
+    <message>
+        <source>These settings are missing from the file; the pages show their default values:</source>
+        <translation>Ces paramètres manquent dans le fichier ; les pages montrent leurs valeurs par défaut :</translation>
+    </message>
+    <message>
+        <source>These settings were missing from the file and were added with their default values:</source>
+        <translation>Ces paramètres manquaient dans le fichier et ont été ajoutés avec leurs valeurs par défaut :</translation>
+    </message>
+</context>
+<context>
+    <name>ZelSettingsWatch</name>
+    <message>
+        <source>The settings file &quot;%1&quot; could not be written.</source>
+        <translation>Le fichier de paramètres « %1 » n’a pas pu être écrit.</translation>
+    </message>
+    <message>
+        <source>The settings file &quot;%1&quot; could not be written (%2).</source>
+        <translation>Le fichier de paramètres « %1 » n’a pas pu être écrit (%2).</translation>
+    </message>
+</context>
+<context>
     <name>ZelSimplificationSettingsPanel</name>
     <message>
         <source>Compression / Simplification</source>
@@ -437,6 +549,31 @@ compression</translation>
     <message>
         <source>About</source>
         <translation>À propos</translation>
+    </message>
+</context>
+<context>
+    <name>zel::ZelControlCenterStandAloneWidget</name>
+    <message>
+        <source>Your changes could not be saved. %1
+They are still on the pages: press Apply again once this is solved.</source>
+        <translation>Vos modifications n’ont pas pu être enregistrées. %1
+Elles sont toujours sur les pages : appuyez de nouveau sur Appliquer une fois le problème résolu.</translation>
+    </message>
+    <message>
+        <source>%1 is now &quot;%2&quot;</source>
+        <translation>%1 vaut maintenant « %2 »</translation>
+    </message>
+    <message>
+        <source>%1 was removed</source>
+        <translation>%1 a été supprimé</translation>
+    </message>
+    <message>
+        <source>Another program changed the settings file: %1.</source>
+        <translation>Un autre programme a modifié le fichier de paramètres : %1.</translation>
+    </message>
+    <message>
+        <source>You are editing %1 as well: your values stay on the pages and replace the other program&apos;s when you apply.</source>
+        <translation>Vous modifiez aussi %1 : vos valeurs restent sur les pages et remplacent celles de l’autre programme quand vous appliquez.</translation>
     </message>
 </context>
 <context>
