@@ -1,6 +1,7 @@
 #include "ZelSettingsFile.h"
 
 #include "IniDocument.h"
+#include "IniText.h"
 #include "ZelSettings.h"
 #include "ZelSettingsKeys.h"
 
@@ -181,6 +182,11 @@ FileProblem ZelSettingsFile::WriteProblem(const QString& file)
 QSettings::SettingsMap ZelSettingsFile::ReadValues(const QByteArray& bytes)
 {
     return IniDocument(bytes).values();
+}
+
+bool ZelSettingsFile::SameValue(const QVariant& left, const QVariant& right)
+{
+    return IniText::sameValue(left, right);
 }
 
 bool ZelSettingsFile::PlanRepairs(const QSettings& settings, std::vector<SettingRepair>& repairs,

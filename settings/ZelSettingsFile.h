@@ -65,6 +65,9 @@ public:
 
     // Every key and value of a Settings.ini as our format reads it.
     static QSettings::SettingsMap ReadValues(const QByteArray& bytes);
+    // True when both values are stored as the same text: a list of one text is that
+    // text, a number or a Boolean is its text.
+    static bool SameValue(const QVariant& left, const QVariant& right);
 
     // What ZelSettings::EnsureSettings would do to `settings`, without changing it:
     // the stored values its validators change, and the registered keys the file lacks

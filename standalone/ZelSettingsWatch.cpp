@@ -16,20 +16,6 @@ namespace {
 // Writers replace the file in a few steps; the check waits for them to settle.
 constexpr int SettleMilliseconds = 80;
 
-QStringList textsOf(const QVariant& value)
-{
-    if (!value.isValid())
-        return {};
-    if (value.typeId() == QMetaType::QStringList || value.typeId() == QMetaType::QVariantList)
-        return value.toStringList();
-    return {value.toString()};
-}
-
-bool sameValue(const QVariant& left, const QVariant& right)
-{
-    return left.isValid() == right.isValid() && textsOf(left) == textsOf(right);
-}
-
 } // namespace
 
 ZelSettingsWatch::ZelSettingsWatch(QSettings& settings, QObject* parent)
@@ -74,7 +60,7 @@ void ZelSettingsWatch::takeFileValues(const QSettings::SettingsMap& values)
         if (stored == values.cend()) {
             m_settings.remove(key);
             m_heldBack.append(key);
-        } else if (!sameValue(m_settings.value(key), *stored)) {
+        } else if (!ZelSettingsFile::SameValue(m_settings.value(key), *stored)) {
             m_settings.setValue(key, *stored);
             m_heldBack.append(key);
         }
@@ -91,7 +77,7 @@ void ZelSettingsWatch::checkFile()
     QStringList changed;
     for (auto it = values.cbegin(); it != values.cend(); ++it) {
         const auto known = m_known.constFind(it.key());
-        if (known == m_known.cend() || !sameValue(*known, *it))
+        if (known == m_known.cend() || !ZelSettingsFile::SameValue(*known, *it))
             changed.append(it.key());
     }
     for (auto it = m_known.cbegin(); it != m_known.cend(); ++it) {
@@ -123,7 +109,7 @@ bool ZelSettingsWatch::writeApplied(QString& error)
     if (written) {
         const QStringList keys = m_settings.allKeys();
         written = std::all_of(keys.cbegin(), keys.cend(), [&](const QString& key) {
-            return values.contains(key) && sameValue(values.value(key), m_settings.value(key));
+            return values.contains(key) && ZelSettingsFile::SameValue(values.value(key), m_settings.value(key));
         });
     }
     if (written) {
