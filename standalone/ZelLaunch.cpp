@@ -128,7 +128,12 @@ int runEditor(ZelSettingsApplication& application, ZelSingleInstance& instance, 
 
 QString loadTranslation(const QString& settingsFile, QTranslator& translator)
 {
-    QString code = QSettings(settingsFile, ZelSettings::SettingsFormat()).value(SettingsKeys::Language, QStringLiteral("en")).toString();
+    return loadTranslation(QSettings(settingsFile, ZelSettings::SettingsFormat()), translator);
+}
+
+QString loadTranslation(const QSettings& settings, QTranslator& translator)
+{
+    QString code = settings.value(SettingsKeys::Language, QStringLiteral("en")).toString();
     QString file = translationFile(code);
     if (file.isEmpty() && code != QLatin1String("en")) {
         code = QStringLiteral("en");
@@ -163,7 +168,10 @@ int launch(int argc, char** argv)
     const QString settingsFolder = ZelControlCenter::GetSettingsFolder(applicationName);
     QDir().mkpath(settingsFolder);
     const QString settingsFile = ZelControlCenter::GetSettingsFile(applicationName);
-    ZelSettingsStart start(settingsFile);
+    // The one settings object of this start: the file is read here, once, and written at
+    // most once, by the validation pass.
+    auto settings = std::make_unique<QSettings>(settingsFile, ZelSettings::SettingsFormat());
+    ZelSettingsStart start(*settings);
     QString error;
     if (!start.open(error)) {
         showFatalError(error);
@@ -172,7 +180,7 @@ int launch(int argc, char** argv)
     }
 
     auto translator = std::make_unique<QTranslator>();
-    const QString languageCode = loadTranslation(settingsFile, *translator);
+    const QString languageCode = loadTranslation(*settings, *translator);
 
     bool rendererKnown = false;
     if (!start.prepare(languageCode, rendererKnown, error)) {
@@ -185,7 +193,8 @@ int launch(int argc, char** argv)
     if (!rendererKnown) {
         ZelRendererSelector selector(nullptr, Qt::WindowFlags());
         if (selector.exec() != QDialog::Accepted) {
-            // Cancelled: the user's file is back as it was.
+            // Cancelled: the user's file is back as it was, once nothing can write it.
+            settings.reset();
             if (!start.restore(error))
                 qWarning("The settings file could not be put back as it was: %s", qUtf8Printable(error));
             QCoreApplication::removeTranslator(translator.get());
@@ -195,32 +204,33 @@ int launch(int argc, char** argv)
     }
 
     int result = 0;
+    QString fatalError;
     {
-        ZelSettingsApplication application(settingsFolder);
+        ZelSettingsApplication application(settingsFolder, std::move(settings));
         application.setLanguageCode(languageCode);
         ZelControlCenter::InitDefaultSettingsValues(applicationName);
         // After the catalogue, so an embedding application's own registrations win.
         ZelControlCenter::InitPageSettingsValues();
-        QSettings& settings = application.getSettings();
+        QSettings& applicationSettings = application.getSettings();
         if (!engine.isEmpty())
-            settings.setValue(SettingsKeys::Engine, engine);
+            applicationSettings.setValue(SettingsKeys::Engine, engine);
 
-        if (!start.beforePass(settings, error)) {
-            showFatalError(error);
-        } else if (ZelControlCenter::EnsureSettings(settings, error)) {
-            start.afterPass(settings);
+        if (start.beforePass(error) && ZelControlCenter::EnsureSettings(applicationSettings, error)) {
+            start.afterPass();
             result = runEditor(application, instance, start, !engine.isEmpty());
         } else {
-            // The keys validated before the failure must not reach the disk.
-            settings.sync();
-            QString restoreError;
-            if (!start.restore(restoreError))
-                error += QLatin1Char('\n')
-                    + QCoreApplication::translate("ZelControlCenterStandAloneWidget",
-                                                  "The settings file \"%1\" could not be put back as it was: %2")
-                          .arg(QDir::toNativeSeparators(settingsFile), restoreError);
-            showFatalError(error);
+            fatalError = error;
         }
+    }
+    if (!fatalError.isEmpty()) {
+        // The settings are gone: nothing of this start reaches the disk any more.
+        QString restoreError;
+        if (!start.restore(restoreError))
+            fatalError += QLatin1Char('\n')
+                + QCoreApplication::translate("ZelControlCenterStandAloneWidget",
+                                              "The settings file \"%1\" could not be put back as it was: %2")
+                      .arg(QDir::toNativeSeparators(settingsFile), restoreError);
+        showFatalError(fatalError);
     }
     QCoreApplication::removeTranslator(translator.get());
     translator.reset();

@@ -2,6 +2,7 @@
 
 #include "ZelControlCenterExport.h"
 
+class QSettings;
 class QString;
 class QTranslator;
 
@@ -17,5 +18,7 @@ namespace zel {
 // installs it, falling back to English when that language has none. Returns the code
 // in use: the stored one, or "en" after a fall-back.
 ZEL_CONTROLCENTER_EXPORT QString loadTranslation(const QString& settingsFile, QTranslator& translator);
+// The same, from settings already open on that file.
+ZEL_CONTROLCENTER_EXPORT QString loadTranslation(const QSettings& settings, QTranslator& translator);
 
 } // namespace zel

@@ -5,11 +5,18 @@
 namespace zel {
 
 ZelSettingsApplication::ZelSettingsApplication(const QString& applicationFolder)
-    : m_settings(applicationFolder + QStringLiteral("/Settings.ini"), ZelSettings::SettingsFormat())
-    , m_applicationFolder(applicationFolder)
-{
     // Our INI format: a damaged file cannot hang the editor, and a write keeps what the
     // user typed. UTF-8 needs no codec in Qt 6.
+    : ZelSettingsApplication(applicationFolder,
+                             std::make_unique<QSettings>(applicationFolder + QStringLiteral("/Settings.ini"),
+                                                         ZelSettings::SettingsFormat()))
+{
+}
+
+ZelSettingsApplication::ZelSettingsApplication(const QString& applicationFolder, std::unique_ptr<QSettings> settings)
+    : m_settings(std::move(settings))
+    , m_applicationFolder(applicationFolder)
+{
 }
 
 ZelSettingsApplication::~ZelSettingsApplication() = default;
@@ -49,7 +56,7 @@ kqNavigationManager* ZelSettingsApplication::getNavigationManager() const
 
 QSettings& ZelSettingsApplication::getSettings()
 {
-    return m_settings;
+    return *m_settings;
 }
 
 kqDMProject* ZelSettingsApplication::editProject()

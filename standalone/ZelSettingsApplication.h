@@ -9,6 +9,7 @@
 #include <QSettings>
 #include <QString>
 
+#include <memory>
 #include <vector>
 
 namespace zel {
@@ -23,6 +24,8 @@ class ZEL_CONTROLCENTER_EXPORT ZelSettingsApplication : public kqDMIApplication
 public:
     // Settings.ini lives directly in `applicationFolder`.
     explicit ZelSettingsApplication(const QString& applicationFolder);
+    // Takes over the settings that the start-up has read already, so the file is read once.
+    ZelSettingsApplication(const QString& applicationFolder, std::unique_ptr<QSettings> settings);
     ~ZelSettingsApplication() override;
 
     // Nothing is loaded, so there is nothing to release.
@@ -99,7 +102,7 @@ private:
     std::vector<kqDMPlugin*> m_plugins;
     std::vector<PostSaveEventItem> m_postSaveEvents;
     kqDMSelection m_selection;
-    QSettings m_settings;
+    std::unique_ptr<QSettings> m_settings;
     QString m_applicationFolder;
     QString m_languageCode;
     QString m_screenshotImageFolder;

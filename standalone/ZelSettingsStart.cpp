@@ -46,8 +46,9 @@ bool writeBytes(const QString& path, const QByteArray& bytes, QString& error)
 
 } // namespace
 
-ZelSettingsStart::ZelSettingsStart(const QString& settingsFile)
-    : m_file(settingsFile)
+ZelSettingsStart::ZelSettingsStart(QSettings& settings)
+    : m_settings(settings)
+    , m_file(settings.fileName())
 {
 }
 
@@ -59,20 +60,23 @@ bool ZelSettingsStart::open(QString& error)
         error = m_readOnly.text;
         return false;
     }
-    if (!info.exists()) {
+    m_existed = info.exists();
+    if (!m_existed) {
         if (m_readOnly.isNull())
             return true;
         error = translated(QT_TRANSLATE_NOOP("ZelSettingsStart", "Torvane cannot create its settings file. %1 (%2)"))
                     .arg(m_readOnly.text, m_readOnly.reason);
         return false;
     }
+    // The settings have read the file already; only the reason of a refusal is missing.
+    if (m_settings.status() != QSettings::AccessError)
+        return true;
     QFile file(m_file);
     if (!file.open(QIODevice::ReadOnly)) {
         error = translated(QT_TRANSLATE_NOOP("ZelSettingsStart", "The settings file \"%1\" cannot be read (%2)."))
                     .arg(native(m_file), file.errorString());
         return false;
     }
-    m_bytes = file.readAll();
     return true;
 }
 
@@ -86,72 +90,9 @@ bool ZelSettingsStart::isReadOnly() const
     return !m_readOnly.isNull();
 }
 
-bool ZelSettingsStart::prepare(const QString& languageCode, bool& rendererKnown, QString& error)
+bool ZelSettingsStart::keepCopy(QString& error)
 {
-    rendererKnown = false;
-    if (!m_bytes)
-        return true;
-    m_layout = ZelSettingsFile::InspectLayout(QSettings(m_file, ZelSettings::SettingsFormat()));
-    // A file that cannot be written is shown as it is: the pass repairs it in memory.
-    if (isReadOnly()) {
-        rendererKnown = true;
-        return true;
-    }
-    if (m_layout == ZelSettingsFile::Layout::Discard) {
-        if (!ZelSettingsFile::SetAside(m_file, m_copy, error))
-            return false;
-        // Only the language survives, so the selector speaks the user's language.
-        QSettings fresh(m_file, ZelSettings::SettingsFormat());
-        fresh.setValue(SettingsKeys::Language, languageCode);
-        fresh.sync();
-        return true;
-    }
-    QSettings settings(m_file, ZelSettings::SettingsFormat());
-    if (m_layout == ZelSettingsFile::Layout::Upgrade) {
-        if (!ZelSettingsFile::KeepCopy(m_file, *m_bytes, m_copy, error))
-            return false;
-        ZelSettingsFile::Upgrade(settings);
-        settings.sync();
-    }
-    const QString engine = settings.value(SettingsKeys::Engine).toString();
-    rendererKnown = engine == QLatin1String("deferred") || engine == QLatin1String("software");
-    return true;
-}
-
-bool ZelSettingsStart::restore(QString& error)
-{
-    if (isReadOnly())
-        return true;
-    if (!m_bytes) {
-        QFile created(m_file);
-        if (created.exists() && !created.remove()) {
-            error = created.errorString();
-            return false;
-        }
-        return true;
-    }
-    QFile current(m_file);
-    const bool unchanged = current.open(QIODevice::ReadOnly) && current.readAll() == *m_bytes;
-    current.close();
-    if (!unchanged && !writeBytes(m_file, *m_bytes, error))
-        return false;
-    // The file is as it was: the copy would only be a second one.
     if (!m_copy.isEmpty())
-        QFile::remove(m_copy);
-    m_copy.clear();
-    return true;
-}
-
-bool ZelSettingsStart::beforePass(const QSettings& settings, QString& error)
-{
-    if (!ZelSettingsFile::PlanRepairs(settings, m_repairs, m_added, error)) {
-        // The pass itself says why it fails; nothing is planned then.
-        m_repairs.clear();
-        m_added.clear();
-        error.clear();
-        return true;
-    }
-    if (m_repairs.empty() || isReadOnly() || !m_copy.isEmpty())
         return true;
     QFile file(m_file);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -162,25 +103,91 @@ bool ZelSettingsStart::beforePass(const QSettings& settings, QString& error)
     return ZelSettingsFile::KeepCopy(m_file, file.readAll(), m_copy, error);
 }
 
-void ZelSettingsStart::afterPass(const QSettings& settings)
+bool ZelSettingsStart::prepare(const QString& languageCode, bool& rendererKnown, QString& error)
 {
-    if (isReadOnly() || (m_repairs.empty() && m_added.isEmpty()))
-        return;
-    QFile file(m_file);
-    QSettings::SettingsMap values;
-    if (file.open(QIODevice::ReadOnly))
-        values = ZelSettingsFile::ReadValues(file.readAll());
-    for (const SettingRepair& repair : m_repairs) {
-        if (ZelSettings::GetSettingText(settings, repair.key) != repair.after || !values.contains(repair.key)) {
-            m_readOnly = ZelSettingsFile::WriteProblem(m_file);
-            if (m_readOnly.isNull()) {
-                m_readOnly.text = translated(
-                    QT_TRANSLATE_NOOP("ZelSettingsStart", "The settings file \"%1\" could not be written."))
-                                      .arg(native(m_file));
-                m_readOnly.reason = ZelSettingsFile::LastWriteError();
-            }
-            return;
+    rendererKnown = false;
+    if (!m_existed)
+        return true;
+    m_layout = ZelSettingsFile::InspectLayout(m_settings);
+    // A file that cannot be written is shown as it is: the pass repairs it in memory.
+    if (isReadOnly()) {
+        rendererKnown = true;
+        return true;
+    }
+    // Every change stays in the settings until the validation pass writes them at once.
+    if (m_layout == ZelSettingsFile::Layout::Discard) {
+        if (!ZelSettingsFile::SetAside(m_file, m_copy, error))
+            return false;
+        // Only the language survives, so the selector speaks the user's language.
+        m_settings.clear();
+        m_settings.setValue(SettingsKeys::Language, languageCode);
+        return true;
+    }
+    if (m_layout == ZelSettingsFile::Layout::Upgrade) {
+        if (!keepCopy(error))
+            return false;
+        ZelSettingsFile::Upgrade(m_settings);
+    }
+    const QString engine = m_settings.value(SettingsKeys::Engine).toString();
+    rendererKnown = engine == QLatin1String("deferred") || engine == QLatin1String("software");
+    // The renderer chosen next replaces a stored value: a start refused after that puts
+    // the file back from these bytes.
+    if (!rendererKnown && m_copy.isEmpty()) {
+        QFile file(m_file);
+        if (file.open(QIODevice::ReadOnly))
+            m_before = file.readAll();
+    }
+    return true;
+}
+
+bool ZelSettingsStart::restore(QString& error)
+{
+    if (isReadOnly())
+        return true;
+    if (!m_existed) {
+        QFile created(m_file);
+        if (created.exists() && !created.remove()) {
+            error = created.errorString();
+            return false;
         }
+        return true;
+    }
+    if (m_copy.isEmpty())
+        return !m_before || writeBytes(m_file, *m_before, error);
+    QFile copy(m_copy);
+    if (!copy.open(QIODevice::ReadOnly)) {
+        error = copy.errorString();
+        return false;
+    }
+    if (!writeBytes(m_file, copy.readAll(), error))
+        return false;
+    copy.close();
+    // The file is as it was: the copy would only be a second one.
+    copy.remove();
+    m_copy.clear();
+    return true;
+}
+
+bool ZelSettingsStart::beforePass(QString& error)
+{
+    // A pass that would fail is not run: it would leave half its repairs in the settings.
+    if (!ZelSettingsFile::PlanRepairs(m_settings, m_repairs, m_added, error))
+        return false;
+    if (m_repairs.empty() || isReadOnly() || !m_existed)
+        return true;
+    return keepCopy(error);
+}
+
+void ZelSettingsStart::afterPass()
+{
+    // The pass wrote at most once; a start that had nothing to write never tried.
+    if (isReadOnly() || m_settings.status() == QSettings::NoError)
+        return;
+    m_readOnly = ZelSettingsFile::WriteProblem(m_file);
+    if (m_readOnly.isNull()) {
+        m_readOnly.text = translated(QT_TRANSLATE_NOOP("ZelSettingsStart", "The settings file \"%1\" could not be written."))
+                              .arg(native(m_file));
+        m_readOnly.reason = ZelSettingsFile::LastWriteError();
     }
 }
 
@@ -234,7 +241,7 @@ QStringList ZelSettingsStart::notices() const
             text += QLatin1Char('\n') + copyText();
         notices.append(text);
     }
-    if (!m_added.isEmpty() && m_layout != ZelSettingsFile::Layout::Discard && m_bytes) {
+    if (!m_added.isEmpty() && m_layout != ZelSettingsFile::Layout::Discard && m_existed) {
         notices.append((readOnly ? translated(QT_TRANSLATE_NOOP("ZelSettingsStart",
                             "These settings are missing from the file; the pages show their default "
                             "values:"))

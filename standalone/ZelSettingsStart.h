@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <optional>
+#include <vector>
 
 class QSettings;
 
@@ -18,9 +19,11 @@ namespace zel {
 class ZelSettingsStart
 {
 public:
-    explicit ZelSettingsStart(const QString& settingsFile);
+    // `settings` is the one settings object of the start, open on Settings.ini; it must
+    // outlive this object.
+    explicit ZelSettingsStart(QSettings& settings);
 
-    // Reads the file as it is. False, with `error`, when it exists but cannot be read.
+    // False, with `error`, when the file exists but cannot be read, or cannot be made.
     bool open(QString& error);
     // Why the settings cannot be written; null when they can. Then nothing is changed
     // on disk and the window opens read-only.
@@ -28,18 +31,19 @@ public:
     bool isReadOnly() const;
 
     // Upgrades a version-1 file or sets an older one aside, a copy kept first, then
-    // tells whether the renderer is known. False, with `error`, when the file could not
-    // be prepared (it is then left as it was).
+    // tells whether the renderer is known. The settings hold the change; the validation
+    // pass writes it. False, with `error`, when no copy could be kept (the file is then
+    // left as it was).
     bool prepare(const QString& languageCode, bool& rendererKnown, QString& error);
-    // Puts the file back as open() found it and drops the copy this start made.
+    // Puts the file back as open() found it and drops the copy this start made. Call it
+    // once the settings object is gone, or it writes its pending changes afterwards.
     bool restore(QString& error);
 
-    // Before the validation pass on `settings`: keeps a copy when the pass would
-    // change a stored value. False, with `error`, when the copy could not be kept.
-    bool beforePass(const QSettings& settings, QString& error);
-    // After the pass: checks that the file holds what the pass did; a file that could
-    // not be written makes the start read-only.
-    void afterPass(const QSettings& settings);
+    // Before the validation pass: keeps a copy when the pass would change a stored
+    // value. False, with `error`, when the pass would fail or the copy could not be kept.
+    bool beforePass(QString& error);
+    // After the pass: a file the pass could not write makes the start read-only.
+    void afterPass();
 
     // What this start did, in the user's language, one message per change.
     QStringList notices() const;
@@ -49,11 +53,15 @@ public:
     QStringList takeNoticesOfEarlierStart() const;
 
 private:
+    bool keepCopy(QString& error);
     QString noticeFile() const;
     QString copyText() const;
 
+    QSettings& m_settings;
     QString m_file;
-    std::optional<QByteArray> m_bytes;
+    bool m_existed = false;
+    // The file before a renderer choice that left no copy.
+    std::optional<QByteArray> m_before;
     FileProblem m_readOnly;
     ZelSettingsFile::Layout m_layout = ZelSettingsFile::Layout::Missing;
     QString m_copy;

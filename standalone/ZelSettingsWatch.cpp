@@ -23,7 +23,9 @@ ZelSettingsWatch::ZelSettingsWatch(QSettings& settings, QObject* parent)
     , m_settings(settings)
     , m_file(settings.fileName())
 {
-    readFile(m_known);
+    // The settings hold what the file holds: it was read once, at start.
+    for (const QString& key : settings.allKeys())
+        m_known.insert(key, settings.value(key));
     m_settle.setSingleShot(true);
     m_settle.setInterval(SettleMilliseconds);
     connect(&m_settle, &QTimer::timeout, this, &ZelSettingsWatch::checkFile);

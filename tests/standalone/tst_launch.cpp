@@ -311,6 +311,25 @@ private Q_SLOTS:
         QCOMPARE(copies(), QStringList());
     }
 
+    void unreadableFileIsNamedAndKept()
+    {
+        const std::optional<OtherUser> user = otherUser();
+        if (!user)
+            QSKIP("Running as root without a \"nobody\" user: no user the system refuses to read for.");
+        const QByteArray original("settingsVersion=2\nengine=deferred\n");
+        writeSettings(original);
+        const QByteArray folder = QFile::encodeName(settingsFolder());
+        QVERIFY(chown(folder.constData(), user->uid, user->gid) == 0);
+        QVERIFY(chmod(QFile::encodeName(settingsFile()).constData(), 0) == 0);
+        const Run run = runDriverAs(*user, {QStringLiteral("Return")});
+        chmod(QFile::encodeName(settingsFile()).constData(), 0644);
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY2(run.output.contains(FatalTitle), qPrintable(run.output));
+        QVERIFY2(run.output.contains(QStringLiteral("cannot be read (Permission denied)")), qPrintable(run.output));
+        QCOMPARE(fileBytes(settingsFile()), original);
+        QCOMPARE(copies(), QStringList());
+    }
+
     void folderInPlaceOfTheFileIsNamed()
     {
         QDir().mkpath(settingsFile());
