@@ -174,7 +174,6 @@ void ZelGeneralSettingsPanel::pushToApplication()
 
 void ZelGeneralSettingsPanel::saveSettingsInternal()
 {
-    const QString screenshotFolder = m_ui->screenshotFolderButton->toolTip();
     // A folder is empty only when none was ever known: writing it would point the
     // application at its working folder.
     const auto setFolder = [this](QLatin1String key, const QString& folder) {
@@ -183,9 +182,7 @@ void ZelGeneralSettingsPanel::saveSettingsInternal()
     };
     setFolder(SettingsKeys::CacheDirectory, m_ui->databaseButton->toolTip());
     writeSetting(SettingsKeys::CacheSize, m_ui->databaseSpinBox->value());
-    setFolder(SettingsKeys::ScreenshotFolder, screenshotFolder);
-    if (application())
-        application()->setScreenshotImageFolder(screenshotFolder);
+    setFolder(SettingsKeys::ScreenshotFolder, m_ui->screenshotFolderButton->toolTip());
 }
 
 void ZelGeneralSettingsPanel::chooseFolder(QPushButton* button, const QString& title)

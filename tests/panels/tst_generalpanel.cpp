@@ -111,16 +111,16 @@ private Q_SLOTS:
         QTest::addColumn<QString>("shots");
         QTest::addColumn<bool>("restart");
         QTest::addColumn<QStringList>("kernel");
+        // One Apply pushes each value once, whichever field was edited.
         const QString shots = "setScreenshotImageFolder /stored/shots";
         QTest::newRow("size") << Host::Viewer << "" << 3000 << "" << false
-                              << QStringList{"setMaxCacheSize 3000", shots, shots};
+                              << QStringList{"setMaxCacheSize 3000", shots};
         QTest::newRow("screenshots") << Host::Viewer << "" << 0 << "/new/shots" << false
-                                     << QStringList{"setMaxCacheSize 2048", "setScreenshotImageFolder /new/shots",
-                                                    "setScreenshotImageFolder /new/shots"};
+                                     << QStringList{"setMaxCacheSize 2048", "setScreenshotImageFolder /new/shots"};
         QTest::newRow("cache folder") << Host::Viewer << "/new/cache" << 0 << "" << true
-                                      << QStringList{"setMaxCacheSize 2048", shots, shots};
+                                      << QStringList{"setMaxCacheSize 2048", shots};
         // The stand-alone editor has no 3D database to resize.
-        QTest::newRow("stand-alone") << Host::StandAlone << "" << 3000 << "" << false << QStringList{shots, shots};
+        QTest::newRow("stand-alone") << Host::StandAlone << "" << 3000 << "" << false << QStringList{shots};
     }
 
     void applyPushesAndWrites()
