@@ -37,8 +37,7 @@ ZelAboutSettingsPanel::ZelAboutSettingsPanel(kqDMIApplication* application, QSet
            "<br/><a href=\"https://fonts.google.com/specimen/Open+Sans\">Open Sans</a> &middot; "
            "<a href=\"https://openfontlicense.org/\">SIL OFL 1.1</a></p>")
             .arg(QLatin1String(qVersion())));
-    connect(m_ui->libUseLabel_2, SIGNAL(linkActivated(const QString&)), this,
-            SLOT(onLinkActivated(const QString&)));
+    connect(m_ui->libUseLabel_2, &QLabel::linkActivated, this, &ZelAboutSettingsPanel::onLinkActivated);
     setPanelName(tr("About"));
     setPanelCategory(ApplicationCategory);
 }
