@@ -74,6 +74,7 @@ void ZelControlCenterStandAloneWidget::buildControlCenter()
     // The placeholder's logo comes with the pages too: Qt loads every image-format
     // plug-in before it reads its first image, which the first frame need not wait for.
     m_ui->uiDummyContent->setPixmap(QPixmap(QStringLiteral(":/controlCenter/controlCenter/logo-torvane.png")));
+    setWindowIcon(applicationIcon());
     if (m_menuRequested)
         openMenu();
 }
@@ -100,6 +101,11 @@ std::vector<ZelSettingsPanel*> ZelControlCenterStandAloneWidget::pages() const
 {
     return {m_displayPanel.get(), m_generalPanel.get(), m_simplificationPanel.get(), m_importPanel.get(),
             m_aboutPanel.get()};
+}
+
+QIcon ZelControlCenterStandAloneWidget::applicationIcon()
+{
+    return QIcon(QStringLiteral(":/controlCenter/controlCenter/logo-torvane.png"));
 }
 
 ZelControlCenter* ZelControlCenterStandAloneWidget::controlCenter() const

@@ -2,6 +2,7 @@
 
 #include "ZelControlCenterExport.h"
 
+#include <QIcon>
 #include <QWidget>
 
 #include <memory>
@@ -40,6 +41,9 @@ public:
     ZelControlCenterStandAloneWidget(kqDMIApplication* application, QWidget* parent = nullptr,
                                      Qt::WindowFlags flags = {});
     ~ZelControlCenterStandAloneWidget() override;
+
+    // The icon of the editor's windows; its image is read when a window first shows it.
+    static QIcon applicationIcon();
 
     // Null until the window has painted its first frame.
     ZelControlCenter* controlCenter() const;

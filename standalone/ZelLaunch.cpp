@@ -15,6 +15,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLibraryInfo>
+#include <QLocale>
 #include <QMessageBox>
 #include <QSettings>
 #include <QTranslator>
@@ -133,7 +134,12 @@ QString loadTranslation(const QString& settingsFile, QTranslator& translator)
 
 QString loadTranslation(const QSettings& settings, QTranslator& translator)
 {
-    QString code = settings.value(SettingsKeys::Language, QStringLiteral("en")).toString();
+    // With no language stored yet, the system's own, where we speak it.
+    QString code = settings.value(SettingsKeys::Language).toString();
+    if (code.isEmpty()) {
+        const QString system = QLocale::system().name().section(QLatin1Char('_'), 0, 0);
+        code = translationFile(system).isEmpty() ? QStringLiteral("en") : system;
+    }
     QString file = translationFile(code);
     if (file.isEmpty() && code != QLatin1String("en")) {
         code = QStringLiteral("en");
@@ -154,6 +160,10 @@ int launch(int argc, char** argv)
     QCoreApplication::setLibraryPaths({QStringLiteral("bin"), QLibraryInfo::path(QLibraryInfo::PluginsPath)});
 
     QApplication app(argc, argv);
+    // Message boxes speak in the typeface of the windows.
+    QFont font = QApplication::font();
+    font.setFamily(QStringLiteral("Open Sans"));
+    QApplication::setFont(font);
     ZelSingleInstance instance;
     if (instance.isRunning()) {
         QString error;
@@ -191,6 +201,7 @@ int launch(int argc, char** argv)
     }
     QString engine;
     if (!rendererKnown) {
+        QApplication::setWindowIcon(ZelControlCenterStandAloneWidget::applicationIcon());
         ZelRendererSelector selector(nullptr, Qt::WindowFlags());
         if (selector.exec() != QDialog::Accepted) {
             // Cancelled: the user's file is back as it was, once nothing can write it.

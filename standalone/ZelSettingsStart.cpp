@@ -106,6 +106,7 @@ bool ZelSettingsStart::keepCopy(QString& error)
 bool ZelSettingsStart::prepare(const QString& languageCode, bool& rendererKnown, QString& error)
 {
     rendererKnown = false;
+    m_languageCode = languageCode;
     if (!m_existed)
         return true;
     m_layout = ZelSettingsFile::InspectLayout(m_settings);
@@ -173,6 +174,9 @@ bool ZelSettingsStart::beforePass(QString& error)
     // A pass that would fail is not run: it would leave half its repairs in the settings.
     if (!ZelSettingsFile::PlanRepairs(m_settings, m_repairs, m_added, error))
         return false;
+    // A language the start chose (the system's) is kept, not the registered default.
+    if (!m_settings.contains(SettingsKeys::Language) && !isReadOnly())
+        m_settings.setValue(SettingsKeys::Language, m_languageCode);
     if (m_repairs.empty() || isReadOnly() || !m_existed)
         return true;
     return keepCopy(error);

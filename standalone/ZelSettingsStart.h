@@ -60,6 +60,7 @@ private:
     QSettings& m_settings;
     QString m_file;
     bool m_existed = false;
+    QString m_languageCode;
     // The file before a renderer choice that left no copy.
     std::optional<QByteArray> m_before;
     FileProblem m_readOnly;

@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QSettings>
 #include <QTest>
 #include <QDirIterator>
@@ -373,6 +374,24 @@ private Q_SLOTS:
         QCOMPARE(next.exitCode, 0);
         QVERIFY(next.output.contains(WindowTitle));
         QVERIFY(!next.output.contains(SelectorTitle));
+    }
+
+    void firstStartFollowsTheSystemLanguage()
+    {
+        const QByteArray saved = qgetenv("LC_ALL");
+        const auto restore = qScopeGuard([&saved] { qputenv("LC_ALL", saved); });
+        qputenv("LC_ALL", "fr_FR.UTF-8");
+        const Run french = runDriver({QStringLiteral("Return")});
+        QVERIFY2(french.output.contains(QStringLiteral("seen Torvane - Veuillez choisir votre type d’affichage")),
+                 qPrintable(french.output));
+        QCOMPARE(iniValues(settingsFile()).value(QStringLiteral("language")).toString(), QStringLiteral("fr"));
+
+        // A language we do not speak falls back to English.
+        QFile::remove(settingsFile());
+        qputenv("LC_ALL", "de_DE.UTF-8");
+        const Run german = runDriver({QStringLiteral("Return")});
+        QVERIFY2(german.output.contains(SelectorTitle), qPrintable(german.output));
+        QCOMPARE(iniValues(settingsFile()).value(QStringLiteral("language")).toString(), QStringLiteral("en"));
     }
 
     void selectorChoosesSoftwareByMouseAndCancelsByEscape()

@@ -126,6 +126,7 @@ private Q_SLOTS:
                                        QStringLiteral("zel::ZelAboutSettingsPanel")}));
         // The placeholder beside the drawer shows the logo once the pages are built.
         QVERIFY(!m_window->findChild<QLabel*>(QStringLiteral("uiDummyContent"))->pixmap().isNull());
+        QVERIFY(!m_window->windowIcon().pixmap(32).isNull());
         QTRY_VERIFY(m_window->controlCenter()->isMenuOpen());
         // A new user who changed nothing has nothing to discard.
         QVERIFY(!m_window->controlCenter()->hasModifications());
