@@ -43,6 +43,19 @@ bool isGeneral(QByteArrayView name)
 
 // Qt's reader takes "general" in any case as the root group, and a "%" before it as a
 // group named by the rest, taken literally.
+// Where a ";" outside quotes starts a comment; the text's size when none does.
+qsizetype commentStart(QByteArrayView text)
+{
+    bool quoted = false;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i] == '"')
+            quoted = !quoted;
+        else if (text[i] == ';' && !quoted)
+            return i;
+    }
+    return text.size();
+}
+
 QString groupOf(QByteArrayView name)
 {
     name = trimmed(name, isSpace);
@@ -97,17 +110,21 @@ IniDocument::IniDocument(QByteArray bytes)
 void IniDocument::parseLine(qsizetype begin, qsizetype end)
 {
     const qsizetype line = qsizetype(m_lines.size()) - 1;
-    const QByteArrayView text = trimmed(QByteArrayView(m_bytes).sliced(begin, end - begin));
-    if (text.isEmpty() || text.front() == ';' || text.front() == '#')
+    QByteArrayView text = trimmed(QByteArrayView(m_bytes).sliced(begin, end - begin));
+    if (text.isEmpty() || text.front() == ';')
         return;
+    // As in Qt's reader, a ";" outside quotes ends the line in a key or a section name
+    // too, and a "#" starts no comment.
+    const qsizetype comment = commentStart(text);
     if (text.front() == '[') {
+        text = trimmed(text.first(comment), isSpace);
         const qsizetype close = text.indexOf(']');
         const QByteArrayView name = text.sliced(1, (close < 0 ? text.size() : close) - 1);
         m_sections.push_back({groupOf(name), line, line});
         return;
     }
     const qsizetype equals = text.indexOf('=');
-    if (equals < 0)
+    if (equals < 0 || comment < equals)
         return;
     const QString key = IniText::readKey(trimmed(text.first(equals), isSpace));
     if (key.isEmpty())

@@ -151,6 +151,10 @@ void SettingsFormatTest::rootSectionInAnyCase_data()
     QTest::newRow("blank after percent") << QByteArray("[% general]\nk=1\n") << QStringList({"% general/k"});
     QTest::newRow("subgroup") << QByteArray("[general\\x]\nk=1\n") << QStringList({"general/x/k"});
     QTest::newRow("blanks around a key") << QByteArray("[a]\n \v\fk\v\t=1\n") << QStringList({"a/k"});
+    QTest::newRow("semicolon in a section") << QByteArray("[a;b]c]\nk=1\n") << QStringList({"a/k"});
+    QTest::newRow("semicolon in a key") << QByteArray("a;b=1\nk=2\n") << QStringList({"k"});
+    QTest::newRow("quoted semicolon") << QByteArray("\"a;b\"=1\n") << QStringList({"\"a;b\""});
+    QTest::newRow("hash starts a key") << QByteArray("#k=1\n[g]\n#c=3\n") << QStringList({"#k", "g/#c"});
 }
 
 void SettingsFormatTest::rootSectionInAnyCase()
