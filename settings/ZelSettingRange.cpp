@@ -164,6 +164,32 @@ QString SettingRange::describe() const
     return QStringLiteral("any text");
 }
 
+QString SettingRange::notation() const
+{
+    const QString bounds = numberText(minimum, decimals) + QLatin1Char(' ') + numberText(maximum, decimals);
+    switch (kind) {
+    case Kind::Any:
+        break;
+    case Kind::Boolean:
+        return QStringLiteral("boolean");
+    case Kind::Integer:
+        return QStringLiteral("integer %1 step %2").arg(bounds, numberText(step, 0));
+    case Kind::Decimal:
+        return QStringLiteral("decimal %1 decimals %2").arg(bounds).arg(decimals);
+    case Kind::Choice:
+        return QStringLiteral("choice ") + choices.join(QLatin1Char(' '));
+    case Kind::Folder:
+        return QStringLiteral("folder");
+    case Kind::File:
+        return QStringLiteral("file");
+    case Kind::Ratios:
+        return QStringLiteral("ratios %1 decimals %2").arg(bounds).arg(decimals);
+    case Kind::Version:
+        return QStringLiteral("version ") + numberText(minimum, 0);
+    }
+    return QStringLiteral("any");
+}
+
 SettingRange ZelSettings::GetSettingRange(const QString& key)
 {
     static const RangeTable table = makeTable();

@@ -36,6 +36,10 @@ struct ZEL_SETTINGS_EXPORT SettingRange
     // What the key accepts, in English, for a command-line message:
     // "a whole number from 10 to 10240", "true or false", "one of deferred, software".
     QString describe() const;
+    // The same for scripts, on one line: "integer 10 10240 step 1", "decimal 0 100
+    // decimals 3", "ratios 0.01 1 decimals 2", "boolean", "choice deferred software",
+    // "folder", "file", "version 2", "any".
+    QString notation() const;
 };
 
 } // namespace zel
