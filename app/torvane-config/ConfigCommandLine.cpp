@@ -16,6 +16,9 @@ const QString Get = QStringLiteral("get");
 const QString Set = QStringLiteral("set");
 const QString Reset = QStringLiteral("reset");
 const QString Check = QStringLiteral("check");
+const QString Describe = QStringLiteral("describe");
+const QString Range = QStringLiteral("range");
+const QString Monitor = QStringLiteral("monitor");
 
 QString description()
 {
@@ -24,14 +27,31 @@ QString description()
         "\n"
         "Commands:\n"
         "  path                   the settings file the editor uses\n"
-        "  list [--json]          every key Torvane knows with its value or its default,\n"
-        "                         then the keys in the file that nothing uses\n"
+        "  list [--changed] [--json]\n"
+        "                         every key Torvane knows with its value or its default,\n"
+        "                         then the keys in the file that nothing uses; --changed:\n"
+        "                         only the stored values that differ from their defaults\n"
         "  get KEY                the stored value, else the default\n"
+        "  describe KEY           what the key means, its default, what it accepts and the\n"
+        "                         settings editor's page that edits it\n"
+        "  range KEY              what the key accepts, on one line for scripts:\n"
+        "                           integer MIN MAX step STEP   a multiple of STEP\n"
+        "                           decimal MIN MAX decimals N  at most N digits after the point\n"
+        "                           ratios MIN MAX decimals N   five decimals separated by \"/\",\n"
+        "                                                       the first MAX, none above the one before\n"
+        "                           choice VALUE...             one of the values, exactly\n"
+        "                           boolean                     true or false\n"
+        "                           folder | file               a path\n"
+        "                           version N                   always N, written by the programs\n"
+        "                           any                         any text\n"
         "  set KEY VALUE          stores VALUE if the key's validator keeps it as it is\n"
         "  reset KEY... | --all   removes stored values so that the defaults apply\n"
         "  check [--fix]          prints what the editor's next start would change: a file\n"
         "                         set aside or upgraded, repaired values, added keys;\n"
         "                         --fix makes those changes, keeping a copy of the file\n"
+        "  monitor                prints each change to the file as it happens, as\n"
+        "                         KEY: 'OLD' -> 'NEW', KEY: added 'VALUE' or KEY: removed,\n"
+        "                         until interrupted (SIGINT or SIGTERM: exit code 0)\n"
         "\n"
         "Exit codes:\n"
         "  0  done; for check: nothing to repair\n"
@@ -71,10 +91,11 @@ bool parseCommandOptions(ConfigRequest& request, const QStringList& rest, QStrin
 {
     QCommandLineParser parser;
     const QCommandLineOption json(QStringLiteral("json"));
+    const QCommandLineOption changed(QStringLiteral("changed"));
     const QCommandLineOption fix(QStringLiteral("fix"));
     const QCommandLineOption all(QStringLiteral("all"));
     if (request.command == List)
-        parser.addOption(json);
+        parser.addOptions({json, changed});
     else if (request.command == Check)
         parser.addOption(fix);
     else if (request.command == Reset)
@@ -85,6 +106,7 @@ bool parseCommandOptions(ConfigRequest& request, const QStringList& rest, QStrin
     }
     request.arguments = parser.positionalArguments();
     request.json = request.command == List && parser.isSet(json);
+    request.changed = request.command == List && parser.isSet(changed);
     request.fix = request.command == Check && parser.isSet(fix);
     request.all = request.command == Reset && parser.isSet(all);
     return true;
@@ -94,10 +116,12 @@ bool parseCommandOptions(ConfigRequest& request, const QStringList& rest, QStrin
 QString argumentError(const ConfigRequest& request)
 {
     const qsizetype count = request.arguments.size();
-    if ((request.command == Path || request.command == List || request.command == Check) && count != 0)
+    if ((request.command == Path || request.command == List || request.command == Check
+         || request.command == Monitor)
+        && count != 0)
         return request.command + QStringLiteral(" takes no argument");
-    if (request.command == Get && count != 1)
-        return QStringLiteral("get takes one KEY");
+    if ((request.command == Get || request.command == Describe || request.command == Range) && count != 1)
+        return request.command + QStringLiteral(" takes one KEY");
     if (request.command == Set && count != 2)
         return QStringLiteral("set takes a KEY and a VALUE");
     if (request.command == Reset && request.all == (count != 0))
@@ -161,7 +185,7 @@ ConfigRequest parseConfigCommandLine(const QStringList& arguments)
         return usageError(QStringLiteral("no command given"));
     request.command = positional.takeFirst();
     request.file = parser.value(file);
-    const QStringList commands = {Path, List, Get, Set, Reset, Check};
+    const QStringList commands = {Path, List, Get, Set, Reset, Check, Describe, Range, Monitor};
     if (!commands.contains(request.command)) {
         QString message = QStringLiteral("unknown command '%1'").arg(request.command);
         const QString suggestion = closestName(request.command, commands);

@@ -16,6 +16,7 @@ struct ConfigRequest
     // Empty: the editor's own settings file.
     QString file;
     bool json = false; // list
+    bool changed = false; // list
     bool fix = false; // check
     bool all = false; // reset
     // The help text for Help, the message for UsageError.

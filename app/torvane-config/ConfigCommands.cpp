@@ -1,6 +1,7 @@
 #include "ConfigCommands.h"
 
 #include "ConfigCommandLine.h"
+#include "ZelSettingDescriptions.h"
 #include "ZelSettingRange.h"
 #include "ZelSettings.h"
 #include "ZelSettingsFile.h"
@@ -51,11 +52,6 @@ QStringList registeredKeys()
     for (const auto& entry : ZelSettings::GetDefaultSettingsValues())
         keys.append(entry.first);
     return keys;
-}
-
-QString quoted(const QString& text)
-{
-    return QLatin1Char('\'') + text + QLatin1Char('\'');
 }
 
 QString systemReason(int error)
@@ -112,11 +108,6 @@ QMap<QString, QString> settingTexts(const QSettings& settings)
     return texts;
 }
 
-QString change(const QString& key, const QString& before, const QString& after)
-{
-    return QStringLiteral("%1: %2 -> %3").arg(key, quoted(before), quoted(after));
-}
-
 // Upgrades a version-1 `settings` as the editor does; what it changed, one line a key.
 QStringList upgrade(QSettings& settings)
 {
@@ -126,12 +117,22 @@ QStringList upgrade(QSettings& settings)
     QStringList changes;
     for (auto it = after.cbegin(); it != after.cend(); ++it) {
         if (before.value(it.key()) != it.value())
-            changes.append(change(it.key(), before.value(it.key()), it.value()));
+            changes.append(changeText(it.key(), before.value(it.key()), it.value()));
     }
     return changes;
 }
 
 } // namespace
+
+QString quoted(const QString& text)
+{
+    return QLatin1Char('\'') + text + QLatin1Char('\'');
+}
+
+QString changeText(const QString& key, const QString& before, const QString& after)
+{
+    return QStringLiteral("%1: %2 -> %3").arg(key, quoted(before), quoted(after));
+}
 
 ConfigCommands::ConfigCommands(const QString& settingsFile, bool makeFolder)
     : m_file(QFileInfo(settingsFile).absoluteFilePath())
@@ -147,13 +148,20 @@ int ConfigCommands::path()
     return ExitDone;
 }
 
-int ConfigCommands::list(bool json)
+int ConfigCommands::list(bool json, bool changed)
 {
     std::optional<QByteArray> bytes;
     if (!read(bytes))
         return ExitFileError;
     const QSettings settings(m_file, ZelSettings::SettingsFormat());
     const QStringList registered = registeredKeys();
+    QStringList shown = registered;
+    if (changed) {
+        shown.removeIf([&settings](const QString& key) {
+            return !settings.contains(key)
+                || ZelSettings::GetSettingText(settings, key) == ZelSettings::GetDefaultSettingsValue(key);
+        });
+    }
     QStringList unused;
     for (const QString& key : settings.allKeys()) {
         if (!isRegistered(key))
@@ -163,7 +171,7 @@ int ConfigCommands::list(bool json)
 
     if (json) {
         QJsonArray keys;
-        for (const QString& key : registered) {
+        for (const QString& key : shown) {
             keys.append(QJsonObject {{QStringLiteral("key"), key},
                                      {QStringLiteral("value"), ZelSettings::GetSettingText(settings, key)},
                                      {QStringLiteral("default"), !settings.contains(key)}});
@@ -184,14 +192,14 @@ int ConfigCommands::list(bool json)
         return ExitDone;
     }
 
-    for (const QString& key : registered) {
+    for (const QString& key : shown) {
         m_out << key << QStringLiteral(" = ") << ZelSettings::GetSettingText(settings, key);
         if (!settings.contains(key))
             m_out << QStringLiteral(" (default)");
         m_out << '\n';
     }
     if (!unused.isEmpty())
-        m_out << QStringLiteral("\nKeys in the file that nothing uses:\n");
+        m_out << (shown.isEmpty() ? "" : "\n") << QStringLiteral("Keys in the file that nothing uses:\n");
     for (const QString& key : unused) {
         m_out << key << QStringLiteral(" = ") << ZelSettings::GetSettingText(settings, key);
         const QString suggestion = closestName(key, registered);
@@ -212,6 +220,31 @@ int ConfigCommands::get(const QString& key)
     if (!isRegistered(key) && !settings.contains(key))
         return unknownKey(key, registeredKeys() + settings.allKeys());
     m_out << ZelSettings::GetSettingText(settings, key) << Qt::endl;
+    return ExitDone;
+}
+
+int ConfigCommands::describe(const QString& key)
+{
+    if (!isRegistered(key))
+        return unknownKey(key, registeredKeys());
+    const SettingDescription description = settingDescription(key);
+    const QString defaultValue = ZelSettings::GetDefaultSettingsValue(key);
+    m_out << key << '\n'
+          << QStringLiteral("  ") << description.meaning << '\n'
+          << QStringLiteral("  Default: ") << (defaultValue.isEmpty() ? QStringLiteral("(empty)") : defaultValue)
+          << '\n'
+          << QStringLiteral("  Accepts: ") << ZelSettings::GetSettingRange(key).describe() << '\n'
+          << (description.page.isEmpty() ? QStringLiteral("  no page: set by the program")
+                                         : QStringLiteral("  Page: ") + description.page)
+          << Qt::endl;
+    return ExitDone;
+}
+
+int ConfigCommands::range(const QString& key)
+{
+    if (!isRegistered(key))
+        return unknownKey(key, registeredKeys());
+    m_out << ZelSettings::GetSettingRange(key).notation() << Qt::endl;
     return ExitDone;
 }
 
@@ -346,7 +379,7 @@ int ConfigCommands::check(bool fix)
     // A file set aside starts again from the defaults; those are no news key by key.
     if (layout != ZelSettingsFile::Layout::Discard) {
         for (const SettingRepair& repair : repairs)
-            lines.append(change(repair.key, repair.before, repair.after));
+            lines.append(changeText(repair.key, repair.before, repair.after));
         for (const QString& key : passed ? missing : QStringList()) {
             lines.append(QStringLiteral("%1: added with the default %2")
                              .arg(key, quoted(ZelSettings::GetSettingText(copy, key))));

@@ -20,6 +20,11 @@ enum ConfigExit {
     ExitFileError = 4,
 };
 
+// A text as torvane-config quotes a value: 'text'.
+QString quoted(const QString& text);
+// One changed value, as check and monitor print it: KEY: 'BEFORE' -> 'AFTER'.
+QString changeText(const QString& key, const QString& before, const QString& after);
+
 // The commands of torvane-config on one settings file, through the keys, defaults and
 // validators registered in ZelSettings and the file rules of ZelSettingsFile, so that
 // the editor's next start neither sets aside nor migrates what the tool wrote. Results
@@ -32,8 +37,11 @@ public:
     ConfigCommands(const QString& settingsFile, bool makeFolder);
 
     int path();
-    int list(bool json);
+    // `changed`: only the values that differ from their defaults, and unused keys.
+    int list(bool json, bool changed);
     int get(const QString& key);
+    int describe(const QString& key);
+    int range(const QString& key);
     int set(const QString& key, const QString& value);
     // All registered keys when `keys` is empty.
     int reset(const QStringList& keys);

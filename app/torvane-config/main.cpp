@@ -3,6 +3,7 @@
 
 #include "ConfigCommandLine.h"
 #include "ConfigCommands.h"
+#include "ConfigMonitor.h"
 #include "ZelSettings.h"
 
 #include <QCoreApplication>
@@ -17,15 +18,21 @@ namespace {
 int run(const ConfigRequest& request)
 {
     const bool editorsFile = request.file.isEmpty();
-    ConfigCommands commands(editorsFile ? ZelSettings::GetSettingsFile(ZelSettings::GetApplicationName()) : request.file,
-                            editorsFile);
+    const QString file = editorsFile ? ZelSettings::GetSettingsFile(ZelSettings::GetApplicationName()) : request.file;
     const QString& command = request.command;
+    if (command == QLatin1String("monitor"))
+        return ConfigMonitor(file).run();
+    ConfigCommands commands(file, editorsFile);
     if (command == QLatin1String("path"))
         return commands.path();
     if (command == QLatin1String("list"))
-        return commands.list(request.json);
+        return commands.list(request.json, request.changed);
     if (command == QLatin1String("get"))
         return commands.get(request.arguments.at(0));
+    if (command == QLatin1String("describe"))
+        return commands.describe(request.arguments.at(0));
+    if (command == QLatin1String("range"))
+        return commands.range(request.arguments.at(0));
     if (command == QLatin1String("set"))
         return commands.set(request.arguments.at(0), request.arguments.at(1));
     if (command == QLatin1String("reset"))

@@ -7,6 +7,12 @@ _torvane_config_keys()
     "$@" list 2>/dev/null | sed -n 's/ = .*//p'
 }
 
+# The keys Torvane knows: the list up to the unused ones.
+_torvane_config_known_keys()
+{
+    "$@" list 2>/dev/null | sed -n '/^$/q; s/ = .*//p'
+}
+
 _torvane_config()
 {
     local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD-1]}
@@ -25,11 +31,12 @@ _torvane_config()
     done
 
     case $command in
-        '') COMPREPLY=($(compgen -W "path list get set reset check --file --help --version" -- "$cur")) ;;
-        list) COMPREPLY=($(compgen -W "--json" -- "$cur")) ;;
+        '') COMPREPLY=($(compgen -W "path list get set reset check describe range monitor --file --help --version" -- "$cur")) ;;
+        list) COMPREPLY=($(compgen -W "--changed --json" -- "$cur")) ;;
         check) COMPREPLY=($(compgen -W "--fix" -- "$cur")) ;;
         reset) COMPREPLY=($(compgen -W "--all $(_torvane_config_keys "${tool[@]}")" -- "$cur")) ;;
         get | set) ((position == 1)) && COMPREPLY=($(compgen -W "$(_torvane_config_keys "${tool[@]}")" -- "$cur")) ;;
+        describe | range) ((position == 1)) && COMPREPLY=($(compgen -W "$(_torvane_config_known_keys "${tool[@]}")" -- "$cur")) ;;
     esac
 }
 complete -F _torvane_config torvane-config

@@ -2,6 +2,7 @@
 // folder in a temporary one.
 #include "SettingsFiles.h"
 #include "TestHome.h"
+#include "ZelSettingDescriptions.h"
 #include "ZelSettingRange.h"
 #include "ZelSettings.h"
 #include "ZelSettingsFile.h"
@@ -112,6 +113,9 @@ private Q_SLOTS:
     void usageErrors_data();
     void usageErrors();
     void pathListAndGet();
+    void listChanged();
+    void describeAndRange();
+    void monitor();
     void set_data();
     void set();
     void setAndResetKeepTheRest();
@@ -167,6 +171,7 @@ void TorvaneConfigTest::usageErrors_data()
                               << "unknown key 'dbcache/cachesize'; did you mean 'DBCache/cacheSize'?";
     QTest::newRow("key typo") << QStringList {"get", "Logging/logFil"} << "did you mean 'Logging/logFile'?";
     QTest::newRow("key far off") << QStringList {"reset", "engine", "colour"} << "unknown key 'colour'\n";
+    QTest::newRow("range, key case") << QStringList {"range", "Engine"} << "did you mean 'engine'?";
     QTest::newRow("file after the command") << QStringList {"list", "--file", "x"} << "Unknown option 'file'";
     QTest::newRow("missing value") << QStringList {"set", "engine"} << "set takes a KEY and a VALUE";
     QTest::newRow("keys and --all") << QStringList {"reset", "engine", "--all"} << "reset takes either KEYs or --all";
@@ -217,6 +222,76 @@ void TorvaneConfigTest::pathListAndGet()
     QCOMPARE(run(onFile({"get", "debuglogtypeblacklist"})).out, "debug, warning, info\n");
     QCOMPARE(run(onFile({"get", "DBCache/cachesize"})).out, "8000\n"); // stored, though nothing uses it
     QCOMPARE(fileBytes(iniPath()), HandEdited);
+}
+
+void TorvaneConfigTest::listChanged()
+{
+    // Stored as the default, changed, and a key nothing uses.
+    QVERIFY(writeBytes(iniPath(), "settingsVersion=2\nengine=software\n[DBCache]\ncacheSize=4096\n[X]\ny=1\n"));
+    QCOMPARE(run(onFile({"list", "--changed"})).out,
+             "engine = software\n\nKeys in the file that nothing uses:\nX/y = 1\n");
+    const Result json = run(onFile({"list", "--json", "--changed"}));
+    QCOMPARE(QJsonDocument::fromJson(json.out.toUtf8()).object()["keys"].toArray(),
+             QJsonArray({QJsonObject {{"key", "engine"}, {"value", "software"}, {"default", false}}}));
+}
+
+void TorvaneConfigTest::describeAndRange()
+{
+    CC::ClearSettingsValues();
+    CC::InitDefaultSettingsValues(CC::GetApplicationName());
+    CC::InitPageSettingsValues();
+    const QStringList pages {"", "Display", "Folders", "Simplification", "Tessellation"};
+    for (const auto& entry : CC::GetDefaultSettingsValues()) {
+        const zel::SettingDescription description = zel::settingDescription(entry.first);
+        QVERIFY2(!description.isNull(), qPrintable(entry.first));
+        QVERIFY2(pages.contains(description.page), qPrintable(entry.first));
+    }
+
+    const QStringList lines = run({"describe", "DBCache/cacheSize"}).out.split('\n');
+    QCOMPARE(lines.size(), 6);
+    QCOMPARE(lines.at(0), "DBCache/cacheSize");
+    QCOMPARE(lines.at(1), "  " + zel::settingDescription("DBCache/cacheSize").meaning);
+    QCOMPARE(lines.at(2), "  Default: 4096");
+    QCOMPARE(lines.at(3), "  Accepts: a whole number from 10 to 10240");
+    QCOMPARE(lines.at(4), "  Page: Folders");
+    QVERIFY(run({"describe", "settingsVersion"}).out.endsWith("\n  no page: set by the program\n"));
+
+    QCOMPARE(run({"range", "DBCache/cacheSize"}).out, "integer 10 10240 step 1\n");
+    QCOMPARE(run({"range", "Tesselation/TesselationMaxFaceSag"}).out, "decimal 0 100 decimals 3\n");
+    QCOMPARE(run({"range", "engine"}).out, "choice deferred software\n");
+}
+
+void TorvaneConfigTest::monitor()
+{
+    QVERIFY(writeBytes(iniPath(), "settingsVersion=2\nengine=deferred\n"));
+    QProcess monitor;
+    monitor.start(TORVANE_CONFIG, onFile({"monitor"}));
+    monitor.setReadChannel(QProcess::StandardError);
+    QVERIFY(monitor.waitForReadyRead(30000));
+    QVERIFY(monitor.readLine().startsWith("Watching " + iniPath().toUtf8()));
+    monitor.setReadChannel(QProcess::StandardOutput);
+    // What the monitor printed once it has `lines` lines.
+    const auto printed = [&monitor](int lines) {
+        QByteArray out;
+        while (out.count('\n') < lines && monitor.waitForReadyRead(30000))
+            out += monitor.readAllStandardOutput();
+        return out;
+    };
+
+    // Every write replaces the file by a rename; then it goes, and comes back.
+    QCOMPARE(run(onFile({"set", "engine", "software"})).exitCode, 0);
+    QCOMPARE(printed(1), "engine: 'deferred' -> 'software'\n");
+    QCOMPARE(run(onFile({"reset", "engine"})).exitCode, 0);
+    QCOMPARE(printed(1), "engine: removed\n");
+    QVERIFY(QFile::remove(iniPath()));
+    QCOMPARE(printed(1), "settingsVersion: removed\n");
+    QCOMPARE(run(onFile({"set", "engine", "deferred"})).exitCode, 0);
+    QCOMPARE(printed(2), "engine: added 'deferred'\nsettingsVersion: added '2'\n");
+
+    monitor.terminate();
+    QVERIFY(monitor.waitForFinished(30000));
+    QCOMPARE(monitor.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(monitor.exitCode(), 0);
 }
 
 void TorvaneConfigTest::set_data()
@@ -636,6 +711,8 @@ void TorvaneConfigTest::completion()
     QCOMPARE(complete({"--file", iniPath(), "reset", "DBC"}),
              "DBCache/cacheDirectory DBCache/cacheSize DBCache/cachesize");
     QCOMPARE(complete({"get", "raytracer/q"}), "raytracer/quality");
+    // Only known keys have a description.
+    QCOMPARE(complete({"--file", iniPath(), "describe", "DBC"}), "DBCache/cacheDirectory DBCache/cacheSize");
 }
 
 QTEST_GUILESS_MAIN(TorvaneConfigTest)
