@@ -15,8 +15,8 @@ ZelCCActionItem::ZelCCActionItem(zelAction* action, QWidget* parent, Qt::WindowF
     setStyleSheet(kqDMIApplication::GetStylesheet(QStringLiteral("ZelCCActionItem")));
 
     onActionChanged();
-    connect(m_action, SIGNAL(changed()), this, SLOT(onActionChanged()));
-    connect(m_ui->actionButton, SIGNAL(clicked()), m_action, SLOT(trigger()));
+    connect(m_action, &QAction::changed, this, &ZelCCActionItem::onActionChanged);
+    connect(m_ui->actionButton, &QAbstractButton::clicked, m_action, &QAction::trigger);
 }
 
 ZelCCActionItem::~ZelCCActionItem() = default;
