@@ -183,6 +183,25 @@ private Q_SLOTS:
         QVERIFY(!item->isHidden() && triggered.count() == 1 && !host.cc->isMenuOpen());
     }
 
+    // An action shown twice goes with both its items, and triggered afterwards (by its
+    // shortcut, say) it no longer closes the menu.
+    void unregisteredActionLeavesTheMenuAlone()
+    {
+        TestHost host(Host::StandAlone);
+        zelAction action("Open", "Open...");
+        host.cc->registerCCAction(&action, QString(), false, false, true);
+        host.cc->registerCCAction(&action, "Settings", false, true, true);
+        QCOMPARE(column(host.cc), QStringList({"Open", "Settings", "Open"}));
+        host.cc->unregisterCCAction(&action);
+        QCOMPARE(column(host.cc), QStringList{"Settings"});
+
+        host.cc->openMenu(true);
+        finishSlides(host.cc);
+        action.trigger();
+        finishSlides(host.cc);
+        QVERIFY(host.cc->isMenuOpen());
+    }
+
     void anchorsAndSeparators()
     {
         TestHost host(Host::StandAlone);
