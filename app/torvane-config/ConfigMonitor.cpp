@@ -1,13 +1,12 @@
 #include "ConfigMonitor.h"
 
 #include "ConfigCommands.h"
-#include "ZelSettings.h"
+#include "ZelSettingsFile.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSettings>
 #include <QSocketNotifier>
 
 #include <cerrno>
@@ -55,6 +54,14 @@ QString existingFolder(const QString& file)
     while (!QFileInfo(folder).isDir() && !QDir(folder).isRoot())
         folder = QFileInfo(folder).absolutePath();
     return folder;
+}
+
+// A value as `get` prints it: a list with a comma and a blank between its items. A
+// change that `get` does not show is no change here either.
+QString valueText(const QVariant& value)
+{
+    return value.typeId() == QMetaType::QStringList ? value.toStringList().join(QLatin1String(", "))
+                                                    : value.toString();
 }
 
 } // namespace
@@ -110,7 +117,7 @@ void ConfigMonitor::watch()
 void ConfigMonitor::check()
 {
     watch();
-    QMap<QString, QString> values;
+    QSettings::SettingsMap values;
     QString reason;
     if (!read(values, reason)) {
         if (!m_unreadable)
@@ -123,7 +130,7 @@ void ConfigMonitor::check()
     m_values = values;
 }
 
-bool ConfigMonitor::read(QMap<QString, QString>& values, QString& reason) const
+bool ConfigMonitor::read(QSettings::SettingsMap& values, QString& reason) const
 {
     values.clear();
     const QFileInfo info(m_file);
@@ -137,13 +144,13 @@ bool ConfigMonitor::read(QMap<QString, QString>& values, QString& reason) const
         // Gone since: the same as never there.
         return !file.exists();
     }
-    const QSettings settings(m_file, ZelSettings::SettingsFormat());
-    for (const QString& key : settings.allKeys())
-        values.insert(key, ZelSettings::GetSettingText(settings, key));
+    // Not through QSettings: it takes a file of the size and modification time it read
+    // last as unchanged, and two writes within the file system's time step have both.
+    values = ZelSettingsFile::ReadValues(file.readAll());
     return true;
 }
 
-void ConfigMonitor::printChanges(const QMap<QString, QString>& values)
+void ConfigMonitor::printChanges(const QSettings::SettingsMap& values)
 {
     QStringList keys = m_values.keys() + values.keys();
     keys.sort();
@@ -152,11 +159,11 @@ void ConfigMonitor::printChanges(const QMap<QString, QString>& values)
         const auto before = m_values.constFind(key);
         const auto after = values.constFind(key);
         if (before == m_values.cend())
-            m_out << key << QStringLiteral(": added ") << quoted(*after) << Qt::endl;
+            m_out << key << QStringLiteral(": added ") << quoted(valueText(*after)) << Qt::endl;
         else if (after == values.cend())
             m_out << key << QStringLiteral(": removed") << Qt::endl;
-        else if (*before != *after)
-            m_out << changeText(key, *before, *after) << Qt::endl;
+        else if (valueText(*before) != valueText(*after))
+            m_out << changeText(key, valueText(*before), valueText(*after)) << Qt::endl;
     }
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QFileSystemWatcher>
-#include <QMap>
+#include <QSettings>
 #include <QString>
 #include <QTextStream>
 #include <QTimer>
@@ -25,15 +25,15 @@ private:
 
     void watch();
     void check();
-    // The file's values as torvane-config shows them; none when there is no file.
-    // False, with the reason, when it cannot be read.
-    bool read(QMap<QString, QString>& values, QString& reason) const;
-    void printChanges(const QMap<QString, QString>& values);
+    // The file's values; none when there is no file. False, with the reason, when it
+    // cannot be read.
+    bool read(QSettings::SettingsMap& values, QString& reason) const;
+    void printChanges(const QSettings::SettingsMap& values);
 
     QString m_file;
     QFileSystemWatcher m_watcher;
     QTimer m_settle;
-    QMap<QString, QString> m_values;
+    QSettings::SettingsMap m_values;
     // Said once until the file can be read again.
     bool m_unreadable = false;
     QTextStream m_out;

@@ -10,6 +10,7 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -19,6 +20,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <cstdio>
 #include <functional>
 
 #include <grp.h>
@@ -281,6 +283,14 @@ void TorvaneConfigTest::monitor()
     // Every write replaces the file by a rename; then it goes, and comes back.
     QCOMPARE(run(onFile({"set", "engine", "software"})).exitCode, 0);
     QCOMPARE(printed(1), "engine: 'deferred' -> 'software'\n");
+    // A second writer within the file system's time step: the same size and time.
+    const QString next = iniPath() + ".new";
+    QVERIFY(writeBytes(next, "settingsVersion=2\nengine=deferred\n"));
+    QFile nextFile(next);
+    QVERIFY(nextFile.open(QIODevice::ReadWrite));
+    QVERIFY(nextFile.setFileTime(QFileInfo(iniPath()).lastModified(), QFileDevice::FileModificationTime));
+    QVERIFY(std::rename(QFile::encodeName(next), QFile::encodeName(iniPath())) == 0);
+    QCOMPARE(printed(1), "engine: 'software' -> 'deferred'\n");
     QCOMPARE(run(onFile({"reset", "engine"})).exitCode, 0);
     QCOMPARE(printed(1), "engine: removed\n");
     QVERIFY(QFile::remove(iniPath()));
