@@ -97,6 +97,15 @@ void ZelSettingsWatch::checkFile()
     }
     // Re-reads the file, since it changed under us.
     m_settings.sync();
+    // QSettings skips a file whose size and time match its last read: a quick second
+    // write of the same length would go unseen.
+    for (const QString& key : std::as_const(changed)) {
+        const auto stored = values.constFind(key);
+        if (stored == values.cend())
+            m_settings.remove(key);
+        else if (!ZelSettingsFile::SameValue(m_settings.value(key), *stored))
+            m_settings.setValue(key, *stored);
+    }
     Q_EMIT changedOutside(changed);
 }
 
