@@ -3,8 +3,6 @@
 #include "ZelControlCenterExport.h"
 #include "ZelSettings.h"
 
-#include <QElapsedTimer>
-#include <QMap>
 #include <QPointer>
 #include <QString>
 #include <QWidget>
@@ -12,15 +10,10 @@
 #include <memory>
 #include <vector>
 
-class QButtonGroup;
 class QColor;
-class QFrame;
-class QPropertyAnimation;
 class QPushButton;
 class QResizeEvent;
 class QScrollArea;
-class QSettings;
-class QSignalMapper;
 
 namespace Ui {
 class ControlCenter;
@@ -30,7 +23,10 @@ namespace zel {
 
 class kqDMIApplication;
 class zelAction;
-class ZelCCActionItem;
+class ZelCCActionColumn;
+class ZelCCClickGuard;
+class ZelCCPages;
+class ZelCCSlide;
 class ZelSettingsPanel;
 
 // The side panel that a host embeds beside its 3D view: a menu column of action
@@ -133,37 +129,22 @@ protected:
     void ensureSettingVisible(QWidget* widget);
     void resetControlCenter();
 
-private Q_SLOTS:
-    void onPanelDestroyed(QObject* panel);
-    void onActionDestroyed(QObject* action);
-
 private:
     Q_DISABLE_COPY_MOVE(ZelControlCenter)
 
     // Asks before pending edits are dropped (only inside the viewer); true to go on.
     bool confirmDiscard() const;
-    void initializePanels();
-    // Position in the menu column of the item of the action named `anchorName`, or -1.
-    int actionItemIndex(const QString& anchorName) const;
-    bool isClickOnMainView(QObject* watched, const QPoint& globalPosition) const;
-    void fitSeparator(QFrame* separator) const;
 
     std::unique_ptr<Ui::ControlCenter> m_ui;
     std::unique_ptr<zelAction> m_settingsAction;
-    std::vector<ZelSettingsPanel*> m_panels;
-    std::vector<ZelCCActionItem*> m_actionItems;
-    QMap<QString, QFrame*> m_separators;
-    QElapsedTimer m_clickTimer;
-    QPointer<QWidget> m_guiHandler;
+    std::unique_ptr<ZelCCPages> m_pages;
+    std::unique_ptr<ZelCCActionColumn> m_actionColumn;
+    std::unique_ptr<ZelCCClickGuard> m_clickGuard;
+    // Also a child, so that its animations are among this widget's children. It must go
+    // before QWidget's destructor, whose destroyed() stops the menu's slide halfway.
+    std::unique_ptr<ZelCCSlide> m_slide;
     kqDMIApplication* m_application = nullptr;
-    // The mapper, the group and the animations are children of this widget; the
-    // destructor deletes them in its own order.
-    QSignalMapper* m_pageMapper = nullptr;
     QPointer<QPushButton> m_controlCenterButton;
-    QButtonGroup* m_pageGroup = nullptr;
-    QPropertyAnimation* m_widthAnimation = nullptr;
-    QPropertyAnimation* m_settingsAnimation = nullptr;
-    QPropertyAnimation* m_scrollAnimation = nullptr;
     // Owned, but a host tearing down may delete it along with its own layout.
     QPointer<QScrollArea> m_drawer;
     bool m_menuOpen = false;

@@ -1,0 +1,122 @@
+#include "ZelCCPages_p.h"
+
+#include "ZelSettingsPanel.h"
+
+#include <QBoxLayout>
+#include <QButtonGroup>
+#include <QPushButton>
+
+#include <algorithm>
+
+namespace zel {
+
+ZelCCPages::ZelCCPages(QBoxLayout* buttons, QBoxLayout* stack)
+    : m_buttons(buttons)
+    , m_stack(stack)
+    , m_group(new QButtonGroup(this))
+{
+    m_group->setExclusive(true);
+}
+
+ZelCCPages::~ZelCCPages() = default;
+
+bool ZelCCPages::add(ZelSettingsPanel* page)
+{
+    if (std::find(m_pages.cbegin(), m_pages.cend(), page) != m_pages.cend())
+        return false;
+    // Without the signal the string connection fails quietly and Apply never follows the
+    // page's edits: say so where the page's author will see it.
+    if (page->metaObject()->indexOfSignal("stateChanged()") < 0) {
+        qWarning("ZelControlCenter: the settings page \"%s\" (%s) declares no signal stateChanged(): "
+                 "Apply and Reset will not follow its edits",
+                 qUtf8Printable(page->getPanelName()), page->metaObject()->className());
+        Q_ASSERT_X(false, "ZelControlCenter::registerSettingsPanel", "a settings page must declare stateChanged()");
+    }
+    m_pages.push_back(page);
+    connect(page, SIGNAL(stateChanged()), this, SIGNAL(stateChanged()));
+    connect(page, &QObject::destroyed, this, &ZelCCPages::forgetPage);
+
+    QPushButton* button = page->getActionWidget();
+    m_buttons->addWidget(button);
+    m_buttons->parentWidget()->show();
+    m_group->addButton(button);
+    m_stack->addWidget(page);
+    m_stack->parentWidget()->show();
+    page->show();
+    page->initializeWidget();
+
+    connect(button, &QAbstractButton::clicked, this,
+            [this, name = page->getPanelName()] { Q_EMIT pageClicked(name); });
+    return true;
+}
+
+bool ZelCCPages::remove(ZelSettingsPanel* page)
+{
+    const auto it = std::find(m_pages.begin(), m_pages.end(), page);
+    if (it == m_pages.end())
+        return false;
+
+    disconnect(page, SIGNAL(stateChanged()), this, SIGNAL(stateChanged()));
+    disconnect(page, &QObject::destroyed, this, &ZelCCPages::forgetPage);
+
+    QPushButton* button = page->getActionWidget();
+    m_group->removeButton(button);
+    disconnect(button, &QAbstractButton::clicked, this, nullptr);
+    m_buttons->removeWidget(button);
+    m_stack->removeWidget(page);
+    button->setParent(nullptr);
+    page->setParent(nullptr);
+    m_pages.erase(it);
+    return true;
+}
+
+const std::vector<ZelSettingsPanel*>& ZelCCPages::pages() const
+{
+    return m_pages;
+}
+
+bool ZelCCPages::hasModifications() const
+{
+    return std::any_of(m_pages.cbegin(), m_pages.cend(),
+                       [](const ZelSettingsPanel* page) { return page->hasModifications(); });
+}
+
+bool ZelCCPages::canReset() const
+{
+    return std::any_of(m_pages.cbegin(), m_pages.cend(),
+                       [](const ZelSettingsPanel* page) { return page->canResetContent(); });
+}
+
+bool ZelCCPages::apply()
+{
+    bool restartNeeded = false;
+    for (ZelSettingsPanel* page : m_pages) {
+        if (page->applyModifications())
+            restartNeeded = true;
+    }
+    return restartNeeded;
+}
+
+void ZelCCPages::reset()
+{
+    // Pages announce their new state themselves through stateChanged().
+    for (ZelSettingsPanel* page : m_pages)
+        page->resetContent();
+}
+
+void ZelCCPages::initialize()
+{
+    for (ZelSettingsPanel* page : m_pages)
+        page->initializeWidget();
+}
+
+void ZelCCPages::forgetPage(QObject* page)
+{
+    const auto it = std::find(m_pages.begin(), m_pages.end(), page);
+    if (it == m_pages.end())
+        return;
+    m_pages.erase(it);
+    Q_EMIT stateChanged();
+}
+
+} // namespace zel

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <vector>
+
+class QBoxLayout;
+class QButtonGroup;
+
+namespace zel {
+
+class ZelSettingsPanel;
+
+// The registered settings pages, in registration order: each page in the drawer's stack
+// and its button in the column of page buttons, one of which is checked at a time. The
+// pages belong to whoever registered them.
+class ZelCCPages : public QObject
+{
+    Q_OBJECT
+
+public:
+    // `buttons` and `stack` outlive the pages' registration.
+    ZelCCPages(QBoxLayout* buttons, QBoxLayout* stack);
+    ~ZelCCPages() override;
+
+    // False when `page` is registered already.
+    bool add(ZelSettingsPanel* page);
+    // Hands `page` and its button back, without a parent; false when it was not registered.
+    bool remove(ZelSettingsPanel* page);
+    const std::vector<ZelSettingsPanel*>& pages() const;
+
+    bool hasModifications() const;
+    bool canReset() const;
+    // Every page applies, whatever an earlier one answered; true when one needs a restart.
+    bool apply();
+    void reset();
+    void initialize();
+
+Q_SIGNALS:
+    // A page announced a new state, or one was destroyed while registered.
+    void stateChanged();
+    void pageClicked(const QString& pageName);
+
+private:
+    Q_DISABLE_COPY_MOVE(ZelCCPages)
+
+    // Only the address is left to compare: the page's own destructors have run.
+    void forgetPage(QObject* page);
+
+    QBoxLayout* m_buttons = nullptr;
+    QBoxLayout* m_stack = nullptr;
+    QButtonGroup* m_group = nullptr; // child
+    std::vector<ZelSettingsPanel*> m_pages;
+};
+
+} // namespace zel
