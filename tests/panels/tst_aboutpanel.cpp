@@ -43,12 +43,10 @@ private Q_SLOTS:
     void identityWithoutAnApplication()
     {
         PageWorld world;
-        ZelAboutSettingsPanel* page = world.show(new ZelAboutSettingsPanel(nullptr, world.settings));
-        page->initializeWidget();
-        QCOMPARE(page->findChild<QLabel*>("applicationVersion")->text(), zel::kqDMIApplication::GetKernelVersion());
-        QVERIFY(page->findChild<QLabel*>("noticeLabel")->text().contains("2024"));
-        QVERIFY(!page->findChild<QLabel*>("applicationIcon")->pixmap().isNull());
-        QVERIFY(page->findChild<QWidget*>("pluginsFrame")->isHidden());
+        ZelAboutSettingsPanel* page = world.open(new ZelAboutSettingsPanel(nullptr, world.settings));
+        QCOMPARE(world.widget<QLabel>("applicationVersion")->text(), zel::kqDMIApplication::GetKernelVersion());
+        QVERIFY(!world.widget<QLabel>("applicationIcon")->pixmap().isNull());
+        QVERIFY(world.widget("pluginsFrame")->isHidden());
         QVERIFY(!page->hasModifications() && !page->canResetContent() && !page->applyModifications());
     }
 
@@ -57,15 +55,12 @@ private Q_SLOTS:
         PageWorld world;
         FakePlugin measure("Measure", "2.1"), unversioned("Sketch", "");
         world.app.plugins = {&measure, &unversioned};
-        ZelAboutSettingsPanel* page = world.show(new ZelAboutSettingsPanel(&world.app, world.settings));
-        const auto* table = page->findChild<QTableWidget*>("tableWidget");
-        page->initializeWidget();
-        QVERIFY(!page->findChild<QWidget*>("pluginsFrame")->isHidden());
+        ZelAboutSettingsPanel* page = world.open(new ZelAboutSettingsPanel(&world.app, world.settings));
+        const auto* table = world.widget<QTableWidget>("tableWidget");
+        QVERIFY(!world.widget("pluginsFrame")->isHidden());
         QCOMPARE(table->rowCount(), 2);
         QCOMPARE(table->item(0, 0)->text(), "Measure");
-        QCOMPARE(table->item(0, 0)->toolTip(), "Measure");
         QCOMPARE(table->item(0, 1)->text(), "v. 2.1");
-        QCOMPARE(table->item(0, 1)->toolTip(), "v. 2.1");
         QCOMPARE(table->item(1, 1)->text(), "v. ");
 
         // Opening the drawer again neither duplicates nor adds what was loaded since.

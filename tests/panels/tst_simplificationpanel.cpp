@@ -11,34 +11,21 @@ using Levels = QList<int>;
 
 namespace {
 
-const Defaults Registered = {{Keys::SimplificationRatios, "1/0.75/0.5/0.25/0.1"}};
-
+// The Simplification page over `stored` ratios (none when null).
 struct SimplificationPage : PageWorld {
-    explicit SimplificationPage(const QString& stored, const Defaults& defaults = Registered,
-                                Host host = Host::Viewer)
-        : PageWorld(stored.isNull() ? Defaults() : Defaults{{Keys::SimplificationRatios, stored}}, defaults, host)
+    explicit SimplificationPage(const QString& stored)
+        : PageWorld(stored.isNull() ? Values() : Values{{Keys::SimplificationRatios, stored}},
+                    {{Keys::SimplificationRatios, "1/0.75/0.5/0.25/0.1"}})
     {
-        show(page);
-        page->initializeWidget();
     }
-    QDoubleSpinBox* level(int level) const
-    {
-        return page->findChild<QDoubleSpinBox*>(QStringLiteral("ratio%1").arg(level));
-    }
+    QDoubleSpinBox* level(int n) const { return widget<QDoubleSpinBox>(qPrintable(QStringLiteral("ratio%1").arg(n))); }
     // Levels 2 to 5, as shown.
-    Levels shown() const { return {shownAt(2), shownAt(3), shownAt(4), shownAt(5)}; }
-    int shownAt(int n) const { return int(level(n)->value()); }
-    // Typed into a level and confirmed with Return, as a user does.
-    void type(int n, int value) const
+    Levels shown() const
     {
-        click(level(n));
-        QTest::keyClick(level(n), Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(level(n), QString::number(value));
-        QTest::keyClick(level(n), Qt::Key_Return);
+        return {int(level(2)->value()), int(level(3)->value()), int(level(4)->value()), int(level(5)->value())};
     }
-    QString stored() const { return settings.value(Keys::SimplificationRatios).toString(); }
 
-    ZelSimplificationSettingsPanel* page = new ZelSimplificationSettingsPanel(&app, settings);
+    ZelSimplificationSettingsPanel* page = open(new ZelSimplificationSettingsPanel(&app, settings));
 };
 
 } // namespace
@@ -54,10 +41,10 @@ private Q_SLOTS:
     {
         SimplificationPage simplification("1/0.5/0.4/0.3/0.2");
         QCOMPARE(simplification.shown(), (Levels{50, 40, 30, 20}));
+        // The first level is the model itself.
         QVERIFY(!simplification.level(1)->isEnabled());
-        QCOMPARE(simplification.shownAt(1), 100);
-        checkPageContract(*simplification.page, simplification.settings, [&] { simplification.type(2, 60); });
-        QCOMPARE(simplification.stored(), "1/0.75/0.5/0.25/0.1");
+        QCOMPARE(simplification.level(1)->value(), 100);
+        checkPageContract(simplification, {"ratio2=60"});
         QCOMPARE(simplification.app.kernel, QStringList{"setSimplificationRatios 1/0.75/0.5/0.25/0.1"});
     }
 
@@ -67,7 +54,6 @@ private Q_SLOTS:
         QTest::addColumn<Levels>("shown");
         QTest::addColumn<bool>("modified");
         QTest::addColumn<QString>("written");
-        QTest::newRow("five") << "1/0.8/0.6/0.4/0.2" << Levels{80, 60, 40, 20} << false << "1/0.8/0.6/0.4/0.2";
         QTest::newRow("empty parts skipped") << "1//0.8/0.6/0.4/0.2" << Levels{80, 60, 40, 20} << false
                                              << "1//0.8/0.6/0.4/0.2";
         QTest::newRow("four parts") << "1/0.75/0.5/0.25" << Levels{75, 50, 25, 10} << true << "1/0.75/0.5/0.25/0.1";
@@ -78,6 +64,7 @@ private Q_SLOTS:
         QTest::newRow("absent") << QString() << Levels{75, 50, 25, 10} << false << QString();
     }
 
+    // Apply writes only what is no longer what the file holds.
     void storedTexts()
     {
         QFETCH(QString, stored);
@@ -88,50 +75,31 @@ private Q_SLOTS:
         QCOMPARE(simplification.shown(), shown);
         QCOMPARE(simplification.page->hasModifications(), modified);
         QVERIFY(!simplification.page->applyModifications());
-        QCOMPARE(simplification.stored(), written);
+        QCOMPARE(simplification.settings.value(Keys::SimplificationRatios).toString(), written);
         QVERIFY(!simplification.page->hasModifications());
     }
 
     // Finishing an edit pulls the immediate neighbours into order, one step only.
     void levelsKeepTheirOrder_data()
     {
-        QTest::addColumn<int>("level");
-        QTest::addColumn<int>("typed");
+        QTest::addColumn<QString>("typed");
         QTest::addColumn<Levels>("after");
-        QTest::newRow("raise level 3 above level 2") << 3 << 80 << Levels{80, 80, 25, 10};
-        QTest::newRow("lower level 2 below level 4") << 2 << 10 << Levels{10, 10, 25, 10};
-        QTest::newRow("raise level 5") << 5 << 60 << Levels{75, 50, 60, 60};
-        QTest::newRow("lower level 4") << 4 << 5 << Levels{75, 50, 5, 5};
+        QTest::newRow("raise level 3 above level 2") << "ratio3=80" << Levels{80, 80, 25, 10};
+        QTest::newRow("lower level 2 below level 4") << "ratio2=10" << Levels{10, 10, 25, 10};
+        QTest::newRow("raise level 5") << "ratio5=60" << Levels{75, 50, 60, 60};
+        QTest::newRow("lower level 4") << "ratio4=5" << Levels{75, 50, 5, 5};
     }
 
     void levelsKeepTheirOrder()
     {
-        QFETCH(int, level);
-        QFETCH(int, typed);
+        QFETCH(QString, typed);
         QFETCH(Levels, after);
         SimplificationPage simplification("1/0.75/0.5/0.25/0.1");
         QSignalSpy changed(simplification.page, SIGNAL(stateChanged()));
-        simplification.type(level, typed);
+        simplification.edit({typed});
         QCOMPARE(simplification.shown(), after);
         QVERIFY(changed.count() > 0);
         QVERIFY(simplification.page->hasModifications());
-    }
-
-    void withoutARunningSimplifierOrDefaults()
-    {
-        // The stand-alone editor has no simplifier: the ratios are still saved.
-        SimplificationPage standAlone("1/0.75/0.5/0.25/0.1", Registered, Host::StandAlone);
-        standAlone.type(3, 40);
-        QVERIFY(!standAlone.page->applyModifications());
-        QCOMPARE(standAlone.stored(), "1/0.75/0.4/0.25/0.1");
-        QVERIFY(standAlone.app.kernel.isEmpty());
-
-        // No defaults registered: the form's levels stand, nothing is pending or resettable.
-        ZelControlCenter::ClearSettingsValues();
-        SimplificationPage bare(QString(), {});
-        QCOMPARE(bare.shown(), (Levels{75, 50, 25, 1}));
-        QVERIFY(!bare.page->hasModifications());
-        QVERIFY(!bare.page->canResetContent());
     }
 };
 

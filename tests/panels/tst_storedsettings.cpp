@@ -1,60 +1,18 @@
 #include "PageContract.h"
+#include "PagesByName.h"
 #include "TestHome.h"
-#include "ZelGeneralSettingsPanel.h"
-#include "ZelImportSettingsPanel.h"
-#include "ZelRendererSettingsPanel.h"
-#include "ZelSettings.h"
 #include "ZelSettingsKeys.h"
-#include "ZelSimplificationSettingsPanel.h"
 
 #include <QAbstractSpinBox>
 #include <QComboBox>
-#include <QDateTime>
-#include <QFileInfo>
 #include <QLabel>
 #include <QSlider>
 #include <QThread>
 
-#include <memory>
-
-using zel::ZelSettings;
 using zel::ZelSettingsPanel;
 namespace Keys = zel::SettingsKeys;
-using Values = QMap<QString, QString>;
 
 namespace {
-
-// `values` as a hand-written Settings.ini: each value as it stands, unquoted, so that a
-// comma makes a list as it does in a file from a text editor.
-QByteArray iniText(const Values& values)
-{
-    QMap<QString, QStringList> groups;
-    for (auto value = values.cbegin(); value != values.cend(); ++value) {
-        const qsizetype slash = value.key().indexOf('/');
-        groups[slash < 0 ? QString() : value.key().left(slash)].append(value.key().mid(slash + 1) + '='
-                                                                          + value.value());
-    }
-    QByteArray text;
-    for (auto group = groups.cbegin(); group != groups.cend(); ++group) {
-        if (!group.key().isEmpty())
-            text += '[' + group.key().toUtf8() + "]\n";
-        text += group.value().join('\n').toUtf8() + '\n';
-    }
-    return text;
-}
-
-// Writes the file as another program would. Its time moves on by two seconds each time,
-// so that a QSettings syncing right after sees the change whatever the clock's grain.
-bool writeFile(const QString& path, const Values& values)
-{
-    const QDateTime before = QFileInfo(path).lastModified();
-    QFile file(path);
-    const QByteArray text = iniText(values);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(text) != text.size())
-        return false;
-    const QDateTime after = before.isValid() ? before.addSecs(2) : QDateTime::currentDateTime();
-    return file.setFileTime(after, QFileDevice::FileModificationTime);
-}
 
 // Every default registered, overlaid with `values`.
 Values withDefaults(const Values& values)
@@ -86,41 +44,15 @@ QStringList shown(const QWidget* page)
     return fields;
 }
 
-// A page named as the drawer names it, over `settings`; the Folders page's folder
-// dialog answers "/chosen/shots".
-std::unique_ptr<ZelSettingsPanel> makePage(const QString& name, zel::kqDMIApplication* app, QSettings& settings)
-{
-    if (name == "Folders") {
-        auto page = std::make_unique<zel::ZelGeneralSettingsPanel>(app, settings);
-        page->setFolderChooser([](QWidget*, const QString&, const QString&) { return QString("/chosen/shots"); });
-        return page;
-    }
-    if (name == "Tessellation")
-        return std::make_unique<zel::ZelImportSettingsPanel>(app, settings);
-    if (name == "Simplification")
-        return std::make_unique<zel::ZelSimplificationSettingsPanel>(app, settings);
-    return std::make_unique<zel::ZelRendererSettingsPanel>(app, settings);
-}
-
-// A page over a real Settings.ini in our format holding `values`, shown in a drawer; with
-// `validate`, the start-up validation pass runs before the page opens.
-struct FileWorld {
+// A page of the stand-alone editor over a Settings.ini holding `values`; with `validate`,
+// the start-up validation pass runs before the page opens.
+struct FileWorld : PageWorld {
     FileWorld(const QString& pageName, const Values& values, bool validate = false)
-        : written(writeFile(path, values))
+        : PageWorld(values, {}, Host::StandAlone)
+        , validated(!validate || ZelSettings::EnsureSettings(settings, error))
+        , page(open(makePage(pageName, &app, settings).release()))
     {
-        if (validate)
-            validated = ZelSettings::EnsureSettings(settings, error);
-        page = makePage(pageName, &app, settings);
-        drawer.setWidget(page.get());
-        drawer.setWidgetResizable(true);
-        drawer.resize(450, 700);
-        drawer.show();
-        if (!QTest::qWaitForWindowExposed(&drawer))
-            qWarning("the page's window was never exposed");
-        page->initializeWidget();
     }
-    ~FileWorld() { drawer.takeWidget(); }
-    Q_DISABLE_COPY_MOVE(FileWorld)
 
     // Another program writes these values over the file; the shared settings re-read it.
     bool writeElsewhere(const Values& values)
@@ -130,50 +62,14 @@ struct FileWorld {
         for (const QString& key : reader.allKeys())
             file.insert(key, ZelSettings::GetSettingText(reader, key));
         file.insert(values);
-        const bool done = writeFile(path, file);
+        const bool done = writeIni(path, file);
         settings.sync();
         return done;
     }
-    // What a program opening the file now reads for `key`.
-    QString stored(const QString& key) const
-    {
-        const QSettings reader(path, ZelSettings::SettingsFormat());
-        return ZelSettings::GetSettingText(reader, key);
-    }
-    // The user's edit, step by step: "name" clicks that widget, "name=text" types the
-    // text into it and confirms with Return.
-    void edit(const QStringList& steps)
-    {
-        for (const QString& step : steps) {
-            auto* widget = page->findChild<QWidget*>(step.section('=', 0, 0));
-            QVERIFY2(widget, qPrintable(step));
-            drawer.ensureWidgetVisible(widget);
-            if (!step.contains('=')) {
-                if (qobject_cast<QPushButton*>(widget))
-                    click(widget);
-                else
-                    clickIndicator(widget);
-                continue;
-            }
-            click(widget);
-            QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
-            QTest::keyClicks(widget, step.section('=', 1));
-            QTest::keyClick(widget, Qt::Key_Return);
-        }
-        // The user moves on: the field that has the focus finishes its edit.
-        if (QWidget* focused = QApplication::focusWidget())
-            focused->clearFocus();
-    }
 
-    QTemporaryDir folder;
-    QString path = folder.filePath("Settings.ini");
-    bool written = false;
-    QSettings settings {path, ZelSettings::SettingsFormat()};
-    bool validated = false;
     QString error;
-    FakeApplication app {Host::StandAlone};
-    QScrollArea drawer;
-    std::unique_ptr<ZelSettingsPanel> page;
+    bool validated;
+    ZelSettingsPanel* page;
 };
 
 } // namespace
@@ -369,16 +265,16 @@ private Q_SLOTS:
         QFETCH(QString, key);
         QFETCH(QString, outside);
         FileWorld world(pageName, withDefaults(initial));
-        const QStringList before = shown(world.page.get());
-        QSignalSpy changed(world.page.get(), SIGNAL(stateChanged()));
+        const QStringList before = shown(world.page);
+        QSignalSpy changed(world.page, SIGNAL(stateChanged()));
         QVERIFY(world.writeElsewhere({{key, outside}}));
         QCOMPARE(world.page->reloadStoredSettings(), QStringList());
         QCOMPARE(changed.count(), 1);
         QVERIFY(!world.page->hasModifications());
         const std::unique_ptr<ZelSettingsPanel> fresh = makePage(pageName, &world.app, world.settings);
         fresh->initializeWidget();
-        QCOMPARE(shown(world.page.get()), shown(fresh.get()));
-        QVERIFY(shown(world.page.get()) != before);
+        QCOMPARE(shown(world.page), shown(fresh.get()));
+        QVERIFY(shown(world.page) != before);
     }
 
     // A reload keeps the pending edit; where the other program stored something else
