@@ -188,7 +188,6 @@ void SettingsFormatTest::emptiedSectionGoes_data()
     QTest::addColumn<QStringList>("removed");
     QTest::addColumn<QByteArray>("expected");
     const QByteArray three = "[A]\na=1\n\n[B]\nb=1\nc=2\n\n[C]\nc=1\n";
-    QTest::newRow("first") << three << QStringList({"A"}) << QByteArray("[B]\nb=1\nc=2\n\n[C]\nc=1\n");
     QTest::newRow("middle") << three << QStringList({"B/b", "B/c"}) << QByteArray("[A]\na=1\n\n[C]\nc=1\n");
     QTest::newRow("last") << three << QStringList({"C/c"}) << QByteArray("[A]\na=1\n\n[B]\nb=1\nc=2\n");
     QTest::newRow("one key of two") << three << QStringList({"B/c"}) << QByteArray("[A]\na=1\n\n[B]\nb=1\n\n[C]\nc=1\n");
@@ -197,8 +196,6 @@ void SettingsFormatTest::emptiedSectionGoes_data()
                                              << QByteArray("[A]\na=1\n");
     QTest::newRow("comment of a section") << QByteArray("[A]\na=1\n\n[B]\n; chosen by hand\nb=1\n")
                                           << QStringList({"B/b"}) << QByteArray("[A]\na=1\n\n[B]\n; chosen by hand\n");
-    QTest::newRow("comment after the header") << QByteArray("[A]\na=1\n\n[B] ; kept\nb=1\n") << QStringList({"B/b"})
-                                              << QByteArray("[A]\na=1\n\n[B] ; kept\n");
     QTest::newRow("comment above everything") << QByteArray("; Torvane\n\n[A]\na=1\n") << QStringList({""})
                                               << QByteArray("; Torvane\n");
     QTest::newRow("empty by hand") << QByteArray("[A]\n\n[B]\nb=1\n[C]\n") << QStringList({"B/b"})
