@@ -1,9 +1,9 @@
 #include "ZelSimplificationSettingsPanel.h"
 #include "ui_ZelSimplificationSettingsPanel.h"
 
-#include "ZelControlCenter.h"
 #include "ZelPanelImages.h"
 #include "ZelPanelRanges.h"
+#include "ZelSettings.h"
 #include "ZelSettingsKeys.h"
 #include "kqDMIApplication.h"
 #include "kqDMManager.h"
@@ -123,7 +123,7 @@ void ZelSimplificationSettingsPanel::readSettings(SimplificationModel& model) co
 
 void ZelSimplificationSettingsPanel::getDefaultSettings(SimplificationModel& model) const
 {
-    std::vector<float> ratios = parseRatios(ZelControlCenter::GetDefaultSettingsValue(SettingsKeys::SimplificationRatios));
+    std::vector<float> ratios = parseRatios(ZelSettings::GetDefaultSettingsValue(SettingsKeys::SimplificationRatios));
     if (ratios.size() < LevelCount) {
         // Nobody registered usable defaults: Reset has nothing to restore.
         getCurrentModel(model);

@@ -1,12 +1,12 @@
 #include "ZelPanelDefaults.h"
 
-#include "ZelControlCenter.h"
+#include "ZelSettings.h"
 
 namespace zel::PanelDefaults {
 
 std::optional<QString> text(QLatin1String key)
 {
-    QString registered = ZelControlCenter::GetDefaultSettingsValue(key);
+    QString registered = ZelSettings::GetDefaultSettingsValue(key);
     if (registered.isNull())
         return std::nullopt;
     return registered;
