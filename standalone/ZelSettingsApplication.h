@@ -69,7 +69,7 @@ public:
     // No kernel service listens: events are dropped.
     void notifyAppEvent(zelAppEvent event) override;
     // Always null: the editor has no host pages with defaults of their own; the
-    // library's pages ask ZelControlCenter::GetDefaultSettingsValue() instead.
+    // library's pages ask ZelSettings::GetDefaultSettingsValue() instead.
     QString getDefaultSettingsValue(const QString& key) override;
     // The code the translation was loaded for; null until setLanguageCode().
     const QString& getLanguageCode() override;
