@@ -1,6 +1,6 @@
 #include "ConfigMonitor.h"
 
-#include "ConfigCommands.h"
+#include "ConfigCommand.h"
 #include "ZelSettingsFile.h"
 
 #include <QCoreApplication>

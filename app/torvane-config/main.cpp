@@ -2,8 +2,9 @@
 // settings editor.
 
 #include "ConfigCommandLine.h"
-#include "ConfigCommands.h"
+#include "ConfigChanges.h"
 #include "ConfigMonitor.h"
+#include "ConfigQueries.h"
 #include "ZelSettings.h"
 
 #include <QCoreApplication>
@@ -15,6 +16,30 @@ using namespace zel;
 
 namespace {
 
+int change(const ConfigRequest& request, const QString& file, bool editorsFile)
+{
+    ConfigChanges changes(file, editorsFile);
+    if (request.command == QLatin1String("set"))
+        return changes.set(request.arguments.at(0), request.arguments.at(1));
+    if (request.command == QLatin1String("reset"))
+        return changes.reset(request.arguments);
+    return changes.check(request.fix);
+}
+
+int query(const ConfigRequest& request, const QString& file)
+{
+    ConfigQueries queries(file);
+    if (request.command == QLatin1String("path"))
+        return queries.path();
+    if (request.command == QLatin1String("list"))
+        return queries.list(request.json, request.changed);
+    if (request.command == QLatin1String("get"))
+        return queries.get(request.arguments.at(0));
+    if (request.command == QLatin1String("describe"))
+        return queries.describe(request.arguments.at(0));
+    return queries.range(request.arguments.at(0));
+}
+
 int run(const ConfigRequest& request)
 {
     const bool editorsFile = request.file.isEmpty();
@@ -22,22 +47,9 @@ int run(const ConfigRequest& request)
     const QString& command = request.command;
     if (command == QLatin1String("monitor"))
         return ConfigMonitor(file).run();
-    ConfigCommands commands(file, editorsFile);
-    if (command == QLatin1String("path"))
-        return commands.path();
-    if (command == QLatin1String("list"))
-        return commands.list(request.json, request.changed);
-    if (command == QLatin1String("get"))
-        return commands.get(request.arguments.at(0));
-    if (command == QLatin1String("describe"))
-        return commands.describe(request.arguments.at(0));
-    if (command == QLatin1String("range"))
-        return commands.range(request.arguments.at(0));
-    if (command == QLatin1String("set"))
-        return commands.set(request.arguments.at(0), request.arguments.at(1));
-    if (command == QLatin1String("reset"))
-        return commands.reset(request.arguments);
-    return commands.check(request.fix);
+    if (command == QLatin1String("set") || command == QLatin1String("reset") || command == QLatin1String("check"))
+        return change(request, file, editorsFile);
+    return query(request, file);
 }
 
 } // namespace

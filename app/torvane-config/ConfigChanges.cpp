@@ -1,7 +1,5 @@
-#include "ConfigCommands.h"
+#include "ConfigChanges.h"
 
-#include "ConfigCommandLine.h"
-#include "ZelSettingDescriptions.h"
 #include "ZelSettingRange.h"
 #include "ZelSettings.h"
 #include "ZelSettingsFile.h"
@@ -9,19 +7,14 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QMap>
 #include <QSaveFile>
 #include <QSettings>
 #include <QTemporaryDir>
 
 #include <cerrno>
-#include <cstring>
 #include <iostream>
 #include <sstream>
-#include <utility>
 #include <vector>
 
 #include <sys/stat.h>
@@ -45,19 +38,6 @@ private:
     std::ostringstream m_sink;
     std::streambuf* m_previous = nullptr;
 };
-
-QStringList registeredKeys()
-{
-    QStringList keys;
-    for (const auto& entry : ZelSettings::GetDefaultSettingsValues())
-        keys.append(entry.first);
-    return keys;
-}
-
-QString systemReason(int error)
-{
-    return QString::fromLocal8Bit(std::strerror(error));
-}
 
 // Makes `folder` with its missing parents, as QDir::mkpath does, but keeps the
 // system's reason when it cannot.
@@ -124,131 +104,13 @@ QStringList upgrade(QSettings& settings)
 
 } // namespace
 
-QString quoted(const QString& text)
-{
-    return QLatin1Char('\'') + text + QLatin1Char('\'');
-}
-
-QString changeText(const QString& key, const QString& before, const QString& after)
-{
-    return QStringLiteral("%1: %2 -> %3").arg(key, quoted(before), quoted(after));
-}
-
-ConfigCommands::ConfigCommands(const QString& settingsFile, bool makeFolder)
-    : m_file(QFileInfo(settingsFile).absoluteFilePath())
+ConfigChanges::ConfigChanges(const QString& settingsFile, bool makeFolder)
+    : ConfigCommand(settingsFile)
     , m_makeFolder(makeFolder)
-    , m_out(stdout)
-    , m_err(stderr)
 {
 }
 
-int ConfigCommands::path()
-{
-    m_out << m_file << Qt::endl;
-    return ExitDone;
-}
-
-int ConfigCommands::list(bool json, bool changed)
-{
-    std::optional<QByteArray> bytes;
-    if (!read(bytes))
-        return ExitFileError;
-    const QSettings settings(m_file, ZelSettings::SettingsFormat());
-    const QStringList registered = registeredKeys();
-    QStringList shown = registered;
-    if (changed) {
-        shown.removeIf([&settings](const QString& key) {
-            return !settings.contains(key)
-                || ZelSettings::GetSettingText(settings, key) == ZelSettings::GetDefaultSettingsValue(key);
-        });
-    }
-    QStringList unused;
-    for (const QString& key : settings.allKeys()) {
-        if (!isRegistered(key))
-            unused.append(key);
-    }
-    unused.sort();
-
-    if (json) {
-        QJsonArray keys;
-        for (const QString& key : shown) {
-            keys.append(QJsonObject {{QStringLiteral("key"), key},
-                                     {QStringLiteral("value"), ZelSettings::GetSettingText(settings, key)},
-                                     {QStringLiteral("default"), !settings.contains(key)}});
-        }
-        QJsonArray others;
-        for (const QString& key : unused) {
-            QJsonObject other {{QStringLiteral("key"), key},
-                               {QStringLiteral("value"), ZelSettings::GetSettingText(settings, key)}};
-            const QString suggestion = closestName(key, registered);
-            if (!suggestion.isNull())
-                other.insert(QStringLiteral("suggestion"), suggestion);
-            others.append(other);
-        }
-        const QJsonObject root {{QStringLiteral("file"), m_file},
-                                {QStringLiteral("keys"), keys},
-                                {QStringLiteral("unused"), others}};
-        m_out << QJsonDocument(root).toJson();
-        return ExitDone;
-    }
-
-    for (const QString& key : shown) {
-        m_out << key << QStringLiteral(" = ") << ZelSettings::GetSettingText(settings, key);
-        if (!settings.contains(key))
-            m_out << QStringLiteral(" (default)");
-        m_out << '\n';
-    }
-    if (!unused.isEmpty())
-        m_out << (shown.isEmpty() ? "" : "\n") << QStringLiteral("Keys in the file that nothing uses:\n");
-    for (const QString& key : unused) {
-        m_out << key << QStringLiteral(" = ") << ZelSettings::GetSettingText(settings, key);
-        const QString suggestion = closestName(key, registered);
-        if (!suggestion.isNull())
-            m_out << QStringLiteral(" (did you mean %1?)").arg(suggestion);
-        m_out << '\n';
-    }
-    m_out.flush();
-    return ExitDone;
-}
-
-int ConfigCommands::get(const QString& key)
-{
-    std::optional<QByteArray> bytes;
-    if (!read(bytes))
-        return ExitFileError;
-    const QSettings settings(m_file, ZelSettings::SettingsFormat());
-    if (!isRegistered(key) && !settings.contains(key))
-        return unknownKey(key, registeredKeys() + settings.allKeys());
-    m_out << ZelSettings::GetSettingText(settings, key) << Qt::endl;
-    return ExitDone;
-}
-
-int ConfigCommands::describe(const QString& key)
-{
-    if (!isRegistered(key))
-        return unknownKey(key, registeredKeys());
-    const SettingDescription description = settingDescription(key);
-    const QString defaultValue = ZelSettings::GetDefaultSettingsValue(key);
-    m_out << key << '\n'
-          << QStringLiteral("  ") << description.meaning << '\n'
-          << QStringLiteral("  Default: ") << (defaultValue.isEmpty() ? QStringLiteral("(empty)") : defaultValue)
-          << '\n'
-          << QStringLiteral("  Accepts: ") << ZelSettings::GetSettingRange(key).describe() << '\n'
-          << (description.page.isEmpty() ? QStringLiteral("  no page: set by the program")
-                                         : QStringLiteral("  Page: ") + description.page)
-          << Qt::endl;
-    return ExitDone;
-}
-
-int ConfigCommands::range(const QString& key)
-{
-    if (!isRegistered(key))
-        return unknownKey(key, registeredKeys());
-    m_out << ZelSettings::GetSettingRange(key).notation() << Qt::endl;
-    return ExitDone;
-}
-
-int ConfigCommands::set(const QString& key, const QString& value)
+int ConfigChanges::set(const QString& key, const QString& value)
 {
     const SettingsRegistry& registry = ZelSettings::GetDefaultSettingsValues();
     const auto entry = registry.find(key);
@@ -288,7 +150,7 @@ int ConfigCommands::set(const QString& key, const QString& value)
     return saved(settings);
 }
 
-int ConfigCommands::reset(const QStringList& keys)
+int ConfigChanges::reset(const QStringList& keys)
 {
     std::optional<QByteArray> bytes;
     if (!read(bytes))
@@ -323,7 +185,7 @@ int ConfigCommands::reset(const QStringList& keys)
     return saved(settings);
 }
 
-int ConfigCommands::check(bool fix)
+int ConfigChanges::check(bool fix)
 {
     std::optional<QByteArray> bytes;
     if (!read(bytes))
@@ -418,28 +280,7 @@ int ConfigCommands::check(bool fix)
     return result;
 }
 
-bool ConfigCommands::read(std::optional<QByteArray>& bytes)
-{
-    bytes.reset();
-    const QFileInfo info(m_file);
-    if (!info.exists())
-        return true;
-    QString reason;
-    if (info.isDir()) {
-        reason = systemReason(EISDIR);
-    } else {
-        QFile file(m_file);
-        if (file.open(QIODevice::ReadOnly)) {
-            bytes = file.readAll();
-            return true;
-        }
-        reason = file.errorString();
-    }
-    m_err << QStringLiteral("torvane-config: cannot read %1: %2").arg(m_file, reason) << Qt::endl;
-    return false;
-}
-
-int ConfigCommands::beginChange(QSettings& settings, const std::optional<QByteArray>& bytes)
+int ConfigChanges::beginChange(QSettings& settings, const std::optional<QByteArray>& bytes)
 {
     const ZelSettingsFile::Layout layout = ZelSettingsFile::InspectLayout(settings);
     if (layout == ZelSettingsFile::Layout::Discard) {
@@ -465,7 +306,7 @@ int ConfigCommands::beginChange(QSettings& settings, const std::optional<QByteAr
     return ExitDone;
 }
 
-bool ConfigCommands::writable()
+bool ConfigChanges::writable()
 {
     // The editor makes its own settings folder; a folder named with --file is the
     // caller's to make, and one that is missing is most likely a typo.
@@ -483,22 +324,7 @@ bool ConfigCommands::writable()
     return false;
 }
 
-bool ConfigCommands::isRegistered(const QString& key) const
-{
-    return ZelSettings::GetDefaultSettingsValues().count(key) != 0;
-}
-
-int ConfigCommands::unknownKey(const QString& key, const QStringList& known)
-{
-    m_err << QStringLiteral("torvane-config: unknown key %1").arg(quoted(key));
-    const QString suggestion = closestName(key, known);
-    if (!suggestion.isNull())
-        m_err << QStringLiteral("; did you mean %1?").arg(quoted(suggestion));
-    m_err << Qt::endl;
-    return ExitUsage;
-}
-
-int ConfigCommands::saved(QSettings& settings)
+int ConfigChanges::saved(QSettings& settings)
 {
     settings.sync();
     // Our reader reports no format error: a line it cannot read is kept as it is.
@@ -524,7 +350,7 @@ int ConfigCommands::saved(QSettings& settings)
     return ExitFileError;
 }
 
-QString ConfigCommands::command(const QString& arguments) const
+QString ConfigChanges::command(const QString& arguments) const
 {
     return m_makeFolder ? QStringLiteral("torvane-config ") + arguments
                         : QStringLiteral("torvane-config --file %1 %2").arg(m_file, arguments);
