@@ -84,12 +84,18 @@ std::function<void()> asUserBoundByPermissions()
     };
 }
 
-// The file as the editor's pass leaves it.
-QByteArray afterEditorPass(const QString& path)
+// The keys, defaults and validators torvane-config works with, in this process.
+void registerEditorsKeys()
 {
     CC::ClearSettingsValues();
     CC::InitDefaultSettingsValues(CC::GetApplicationName());
     CC::InitPageSettingsValues();
+}
+
+// The file as the editor's pass leaves it.
+QByteArray afterEditorPass(const QString& path)
+{
+    registerEditorsKeys();
     QSettings settings(path, CC::SettingsFormat());
     QString error;
     if (!CC::EnsureSettings(settings, error))
@@ -111,6 +117,7 @@ class TorvaneConfigTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void init();
     void usageErrors_data();
     void usageErrors();
@@ -125,7 +132,6 @@ private Q_SLOTS:
     void unversionedFileIsRefused_data();
     void unversionedFileIsRefused();
     void versionOneIsUpgraded();
-    void resetAllKeepsTheLayout();
     void checkAndFix();
     void checkLayouts_data();
     void checkLayouts();
@@ -153,6 +159,11 @@ private:
     QTemporaryDir m_folder;
 };
 
+void TorvaneConfigTest::initTestCase()
+{
+    registerEditorsKeys();
+}
+
 void TorvaneConfigTest::init()
 {
     QVERIFY(m_home.isValid() && m_folder.isValid());
@@ -173,7 +184,6 @@ void TorvaneConfigTest::usageErrors_data()
                               << "unknown key 'dbcache/cachesize'; did you mean 'DBCache/cacheSize'?";
     QTest::newRow("key typo") << QStringList {"get", "Logging/logFil"} << "did you mean 'Logging/logFile'?";
     QTest::newRow("key far off") << QStringList {"reset", "engine", "colour"} << "unknown key 'colour'\n";
-    QTest::newRow("range, key case") << QStringList {"range", "Engine"} << "did you mean 'engine'?";
     QTest::newRow("file after the command") << QStringList {"list", "--file", "x"} << "Unknown option 'file'";
     QTest::newRow("missing value") << QStringList {"set", "engine"} << "set takes a KEY and a VALUE";
     QTest::newRow("keys and --all") << QStringList {"reset", "engine", "--all"} << "reset takes either KEYs or --all";
@@ -196,9 +206,6 @@ void TorvaneConfigTest::pathListAndGet()
     // The editor's own file unless --file names another; a relative name is made absolute.
     QCOMPARE(run({"path"}).out, m_home.configPath() + "/TorvaneBoundlessX64/Settings.ini\n");
     QCOMPARE(run({"--file", "relative.ini", "path"}).out, QDir::current().absoluteFilePath("relative.ini") + "\n");
-    const Result help = run({"--help"});
-    QCOMPARE(help.exitCode, 0);
-    QVERIFY(help.out.contains("3  a validator failed"));
     QCOMPARE(run({"--version"}).out, "torvane-config 1.1.0\n");
 
     QVERIFY(writeBytes(iniPath(), HandEdited));
@@ -213,7 +220,7 @@ void TorvaneConfigTest::pathListAndGet()
     const QJsonObject json = QJsonDocument::fromJson(run(onFile({"list", "--json"})).out.toUtf8()).object();
     QCOMPARE(json["file"].toString(), iniPath());
     const QJsonArray keys = json["keys"].toArray();
-    QCOMPARE(keys.size(), 28);
+    QCOMPARE(keys.size(), qsizetype(CC::GetDefaultSettingsValues().size()));
     QCOMPARE(keys.first()["key"].toString(), "DBCache/cacheDirectory");
     QCOMPARE(keys.first()["default"].toBool(), true);
     QCOMPARE(json["unused"].toArray().first()["key"].toString(), "Caf\u00e9/Men\u00fc");
@@ -239,9 +246,6 @@ void TorvaneConfigTest::listChanged()
 
 void TorvaneConfigTest::describeAndRange()
 {
-    CC::ClearSettingsValues();
-    CC::InitDefaultSettingsValues(CC::GetApplicationName());
-    CC::InitPageSettingsValues();
     const QStringList pages {"", "Display", "Folders", "Simplification", "Tessellation"};
     for (const auto& entry : CC::GetDefaultSettingsValues()) {
         const zel::SettingDescription description = zel::settingDescription(entry.first);
@@ -314,17 +318,15 @@ void TorvaneConfigTest::set_data()
     // refuses what they would repair, saying what is accepted, and keeps the rest.
     const QString cacheSize = "DBCache/cacheSize accepts a whole number from 10 to 10240, not ";
     QTest::newRow("cache size, not a number") << "DBCache/cacheSize" << "abc" << cacheSize + "'abc'";
-    QTest::newRow("cache size, negative") << "DBCache/cacheSize" << "-5" << cacheSize + "'-5'";
     QTest::newRow("cache size, too large") << "DBCache/cacheSize" << "999999" << cacheSize + "'999999'";
-    QTest::newRow("cache size, kept") << "DBCache/cacheSize" << "2048" << "";
+    QTest::newRow("memory at maximum") << "Resources/MaxCPUMemory3D" << "8489271296" << "";
     const auto accepts = [](const QString& key, const QString& value) {
         return key + " accepts " + CC::GetSettingRange(key).describe() + ", not '" + value + "'";
     };
-    QTest::newRow("memory below") << "Resources/MaxGPUMemory" << "134217727"
-                                  << accepts("Resources/MaxGPUMemory", "134217727");
-    QTest::newRow("memory at maximum") << "Resources/MaxCPUMemory3D" << "8489271296" << "";
     QTest::newRow("engine case") << "engine" << "Software" << accepts("engine", "Software");
-    QTest::newRow("three ratios") << "Simplification/Ratios" << "1/0.5/0.25" << accepts("Simplification/Ratios", "1/0.5/0.25");
+    // Ratios the kernel corrects, which it reports on standard output: not in the tool's.
+    const QString rising = "1/0.5/0.6/0.25/0.1";
+    QTest::newRow("ratios rising") << "Simplification/Ratios" << rising << accepts("Simplification/Ratios", rising);
     // A path's range does not say what is wrong with it; the value stored instead does.
     const QString absent = m_folder.filePath("absent/log.txt");
     QTest::newRow("log file in no folder") << "Logging/logFile" << absent
@@ -344,6 +346,7 @@ void TorvaneConfigTest::set()
     QCOMPARE(run(onFile({"check", "--fix"})).exitCode, 0);
     const QByteArray before = fileBytes(iniPath());
     const Result result = run(onFile({"set", key, value}));
+    QCOMPARE(result.out, QString());
     if (!refusal.isEmpty()) {
         QCOMPARE(result.exitCode, 1);
         QCOMPARE(result.err, "torvane-config: refused: " + refusal + "\n");
@@ -372,11 +375,23 @@ void TorvaneConfigTest::setAndResetKeepTheRest()
     expected.remove("Resources/MaxGPUMemory");
     QCOMPARE(iniValues(iniPath()), expected);
 
+    // Without its version the editor would set the file aside.
+    const QByteArray before = fileBytes(iniPath());
+    QCOMPARE(run(onFile({"reset", "settingsVersion"})).exitCode, 1);
+    QCOMPARE(fileBytes(iniPath()), before);
+
     QCOMPARE(run(onFile({"reset", "--all"})).exitCode, 0);
     for (const QString key : {"engine", "debuglogtypeblacklist", "Resources/LODTrianglesCap"})
         expected.remove(key);
     QCOMPARE(iniValues(iniPath()), expected);
     QCOMPARE(expected.keys(), QStringList({"Caf\u00e9/Men\u00fc", "recentFiles", "settingsVersion"}));
+    // Every group left has a key.
+    const QByteArray written = fileBytes(iniPath());
+    const QList<QByteArray> lines = written.trimmed().split('\n');
+    for (qsizetype line = 0; line < lines.size(); ++line) {
+        if (lines.at(line).startsWith('['))
+            QVERIFY2(line + 1 < lines.size() && !lines.at(line + 1).startsWith('['), written.constData());
+    }
 
     // Nothing stored: nothing written, not even an empty file.
     QVERIFY(QFile::remove(iniPath()));
@@ -392,7 +407,6 @@ void TorvaneConfigTest::newFileIsCurrent()
     QCOMPARE(result.err, QString());
     const QSettings written(editorsFile(), CC::SettingsFormat());
     QCOMPARE(ZelSettingsFile::InspectLayout(written), ZelSettingsFile::Layout::Current);
-    QCOMPARE(written.value("settingsVersion").toString(), QString::number(ZelSettingsFile::CurrentVersion()));
     QCOMPARE(written.value("deferred/useSSAO").toString(), "false");
     QVERIFY(fileBytes(editorsFile()).endsWith('\n'));
 }
@@ -406,8 +420,6 @@ void TorvaneConfigTest::unversionedFileIsRefused_data()
     const QString noVersion = " has no settings version: the settings editor sets it aside at its next start; ";
     QTest::newRow("set, no version") << QByteArray("language=fr\nengine=software\n")
                                      << QStringList {"set", "engine", "deferred"} << noVersion;
-    QTest::newRow("reset, no version") << QByteArray("[Resources]\nMaxGPUMemory=2147483648\n")
-                                       << QStringList {"reset", "--all"} << noVersion;
     QTest::newRow("reset, version not a number")
         << QByteArray("settingsVersion=two\nengine=software\n") << QStringList {"reset", "engine"}
         << " has an unknown settings version 'two': the settings editor sets it aside at its next start; ";
@@ -452,27 +464,6 @@ void TorvaneConfigTest::versionOneIsUpgraded()
     QVERIFY(QFile::remove(editors));
 }
 
-void TorvaneConfigTest::resetAllKeepsTheLayout()
-{
-    const QByteArray bytes = "settingsVersion=2\nengine=software\n[DBCache]\ncacheSize=100\n[deferred]\nuseSSAO=false\n"
-                             "[Notes]\ntodo=keep me";
-    QVERIFY(writeBytes(iniPath(), bytes));
-    const Result refused = run(onFile({"reset", "settingsVersion"}));
-    QCOMPARE(refused.exitCode, 1);
-    QCOMPARE(fileBytes(iniPath()), bytes);
-
-    QCOMPARE(run(onFile({"reset", "--all"})).exitCode, 0);
-    QCOMPARE(iniValues(iniPath()), QVariantMap({{"settingsVersion", "2"}, {"Notes/todo", "keep me"}}));
-    const QByteArray written = fileBytes(iniPath());
-    QVERIFY(written.endsWith('\n'));
-    // Every group left has a key.
-    const QList<QByteArray> lines = written.trimmed().split('\n');
-    for (qsizetype line = 0; line < lines.size(); ++line) {
-        if (lines.at(line).startsWith('['))
-            QVERIFY2(line + 1 < lines.size() && !lines.at(line + 1).startsWith('['), written.constData());
-    }
-}
-
 void TorvaneConfigTest::checkAndFix()
 {
     QVERIFY(writeBytes(iniPath(), HandEdited));
@@ -514,10 +505,6 @@ void TorvaneConfigTest::checkLayouts_data()
                                 << " has no settings version" + setAside
                                 << QVariantMap {{"settingsVersion", "2"}, {"language", "fr"}, {"engine", "deferred"},
                                                 {"Notes/todo", QVariant()}};
-    QTest::newRow("unknown version") << QByteArray("settingsVersion=abc\n[DBCache]\ncacheSize=100\n")
-                                     << " has an unknown settings version 'abc'" + setAside
-                                     << QVariantMap {{"settingsVersion", "2"}, {"language", "en"},
-                                                     {"DBCache/cacheSize", "4096"}};
     QTest::newRow("version 1") << QByteArray("settingsVersion=1\nengine=software\n[Notes]\ntodo=x\n")
                                << " has settings version 1: the settings editor upgrades it at its next start\n"
                                   "engine: 'software' -> 'deferred'\nsettingsVersion: '1' -> '2'"
