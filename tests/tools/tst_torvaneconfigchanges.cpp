@@ -1,27 +1,14 @@
-// torvane-config as users run it: a real process on real files, with every per-user
-// folder in a temporary one.
+// torvane-config changing the settings: set, reset and check --fix, with what they
+// refuse and how they fail, leaving the file as it was.
 #include "SettingsFiles.h"
-#include "TestHome.h"
-#include "ZelSettingDescriptions.h"
+#include "TorvaneConfigFixture.h"
 #include "ZelSettingRange.h"
-#include "ZelSettings.h"
 #include "ZelSettingsFile.h"
 
 #include <QDateTime>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
 #include <QScopeGuard>
 #include <QSettings>
-#include <QTemporaryDir>
 #include <QTest>
-
-#include <cstdio>
-#include <functional>
 
 #include <grp.h>
 #include <pwd.h>
@@ -34,38 +21,6 @@ using CC = zel::ZelSettings;
 using zel::ZelSettingsFile;
 
 namespace {
-
-struct Result
-{
-    int exitCode = -1;
-    QString out;
-    QString err;
-};
-
-// Runs torvane-config with `arguments`; `environment` entries override the test's own,
-// `inChild` runs in the child before torvane-config starts.
-Result run(const QStringList& arguments, const QStringList& environment = {},
-           const std::function<void()>& inChild = {})
-{
-    QProcess process;
-    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
-    for (const QString& entry : environment)
-        variables.insert(entry.section('=', 0, 0), entry.section('=', 1));
-    process.setProcessEnvironment(variables);
-    if (inChild)
-        process.setChildProcessModifier(inChild);
-    process.start(TORVANE_CONFIG, arguments);
-    if (!process.waitForFinished(30000) || process.exitStatus() != QProcess::NormalExit)
-        return {};
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
-}
-
-bool writeBytes(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
 
 // Root passes every permission bit: its child becomes "nobody" so that they hold.
 // Null when running as root without that user.
@@ -84,14 +39,6 @@ std::function<void()> asUserBoundByPermissions()
     };
 }
 
-// The keys, defaults and validators torvane-config works with, in this process.
-void registerEditorsKeys()
-{
-    CC::ClearSettingsValues();
-    CC::InitDefaultSettingsValues(CC::GetApplicationName());
-    CC::InitPageSettingsValues();
-}
-
 // The file as the editor's pass leaves it.
 QByteArray afterEditorPass(const QString& path)
 {
@@ -103,28 +50,14 @@ QByteArray afterEditorPass(const QString& path)
     return fileBytes(path);
 }
 
-// A file saved by a Windows editor: byte-order mark, CRLF, UTF-8, comma lists, keys that
-// nothing uses (one a typo), and values the editor would repair.
-const QByteArray HandEdited = "\xEF\xBB\xBF" "[General]\r\nengine=Deferred\r\nsettingsVersion=2\r\n"
-                              "debuglogtypeblacklist=debug,\"warning, info\"\r\nrecentFiles=a.step, \"b, c.step\"\r\n"
-                              "[Caf\xC3\xA9]\r\nMen\xC3\xBC=\xE2\x82\xAC 5\r\n[DBCache]\r\ncachesize=8000\r\n"
-                              "[Resources]\r\nMaxGPUMemory=1\r\nLODTrianglesCap=60000\r\n";
-
 } // namespace
 
-class TorvaneConfigTest : public QObject
+class TorvaneConfigChangesTest : public QObject, private TorvaneConfigFixture
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-    void usageErrors_data();
-    void usageErrors();
-    void pathListAndGet();
-    void listChanged();
-    void describeAndRange();
-    void monitor();
+    void init() { QVERIFY(emptied()); }
     void set_data();
     void set();
     void setAndResetKeepTheRest();
@@ -143,172 +76,9 @@ private Q_SLOTS:
     void permissions_data();
     void permissions();
     void writeFailsMidway();
-    void completion();
-
-private:
-    QStringList onFile(const QStringList& arguments) const { return QStringList {"--file", iniPath()} + arguments; }
-    QString iniPath() const { return m_folder.filePath("Settings.ini"); }
-    QString editorsFile() const { return m_home.configPath() + "/TorvaneBoundlessX64/Settings.ini"; }
-    // The copies kept beside the file, oldest first.
-    QStringList copies() const
-    {
-        return QDir(m_folder.path()).entryList({"Settings.ini.*.bak"}, QDir::Files, QDir::Name);
-    }
-
-    TestHome m_home;
-    QTemporaryDir m_folder;
 };
 
-void TorvaneConfigTest::initTestCase()
-{
-    registerEditorsKeys();
-}
-
-void TorvaneConfigTest::init()
-{
-    QVERIFY(m_home.isValid() && m_folder.isValid());
-    for (const QString& name : QDir(m_folder.path()).entryList({"Settings.ini*"}, QDir::Files))
-        QFile::remove(m_folder.filePath(name));
-    QDir(iniPath()).removeRecursively();
-    QFile::remove(editorsFile());
-}
-
-void TorvaneConfigTest::usageErrors_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("message");
-
-    QTest::newRow("no command") << QStringList() << "no command given";
-    QTest::newRow("command typo") << QStringList {"lsit"} << "unknown command 'lsit'; did you mean 'list'?";
-    QTest::newRow("key case") << QStringList {"set", "dbcache/cachesize", "100"}
-                              << "unknown key 'dbcache/cachesize'; did you mean 'DBCache/cacheSize'?";
-    QTest::newRow("key typo") << QStringList {"get", "Logging/logFil"} << "did you mean 'Logging/logFile'?";
-    QTest::newRow("key far off") << QStringList {"reset", "engine", "colour"} << "unknown key 'colour'\n";
-    QTest::newRow("file after the command") << QStringList {"list", "--file", "x"} << "Unknown option 'file'";
-    QTest::newRow("missing value") << QStringList {"set", "engine"} << "set takes a KEY and a VALUE";
-    QTest::newRow("keys and --all") << QStringList {"reset", "engine", "--all"} << "reset takes either KEYs or --all";
-}
-
-void TorvaneConfigTest::usageErrors()
-{
-    QFETCH(QStringList, arguments);
-    QFETCH(QString, message);
-    QVERIFY(writeBytes(iniPath(), "engine=software\n"));
-    const Result result = run(onFile(arguments));
-    QCOMPARE(result.exitCode, 2);
-    QVERIFY2(result.err.contains(message), qPrintable(result.err));
-    QCOMPARE(result.out, QString());
-    QCOMPARE(fileBytes(iniPath()), "engine=software\n");
-}
-
-void TorvaneConfigTest::pathListAndGet()
-{
-    // The editor's own file unless --file names another; a relative name is made absolute.
-    QCOMPARE(run({"path"}).out, m_home.configPath() + "/TorvaneBoundlessX64/Settings.ini\n");
-    QCOMPARE(run({"--file", "relative.ini", "path"}).out, QDir::current().absoluteFilePath("relative.ini") + "\n");
-    QCOMPARE(run({"--version"}).out, "torvane-config 1.1.0\n");
-
-    QVERIFY(writeBytes(iniPath(), HandEdited));
-    const Result list = run(onFile({"list"}));
-    QCOMPARE(list.exitCode, 0);
-    QVERIFY(list.out.contains("\nengine = Deferred\n"));
-    QVERIFY(list.out.contains("\nDBCache/cacheSize = 4096 (default)\n"));
-    QVERIFY(list.out.contains("\nKeys in the file that nothing uses:\n"));
-    QVERIFY(list.out.contains("\nDBCache/cachesize = 8000 (did you mean DBCache/cacheSize?)\n"));
-    QVERIFY(list.out.contains("\nCaf\u00e9/Men\u00fc = \u20ac 5\n"));
-
-    const QJsonObject json = QJsonDocument::fromJson(run(onFile({"list", "--json"})).out.toUtf8()).object();
-    QCOMPARE(json["file"].toString(), iniPath());
-    const QJsonArray keys = json["keys"].toArray();
-    QCOMPARE(keys.size(), qsizetype(CC::GetDefaultSettingsValues().size()));
-    QCOMPARE(keys.first()["key"].toString(), "DBCache/cacheDirectory");
-    QCOMPARE(keys.first()["default"].toBool(), true);
-    QCOMPARE(json["unused"].toArray().first()["key"].toString(), "Caf\u00e9/Men\u00fc");
-    QCOMPARE(json["unused"].toArray().at(1)["suggestion"].toString(), "DBCache/cacheSize");
-
-    QCOMPARE(run(onFile({"get", "engine"})).out, "Deferred\n");
-    QCOMPARE(run(onFile({"get", "DBCache/cacheSize"})).out, "4096\n");
-    QCOMPARE(run(onFile({"get", "debuglogtypeblacklist"})).out, "debug, warning, info\n");
-    QCOMPARE(run(onFile({"get", "DBCache/cachesize"})).out, "8000\n"); // stored, though nothing uses it
-    QCOMPARE(fileBytes(iniPath()), HandEdited);
-}
-
-void TorvaneConfigTest::listChanged()
-{
-    // Stored as the default, changed, and a key nothing uses.
-    QVERIFY(writeBytes(iniPath(), "settingsVersion=2\nengine=software\n[DBCache]\ncacheSize=4096\n[X]\ny=1\n"));
-    QCOMPARE(run(onFile({"list", "--changed"})).out,
-             "engine = software\n\nKeys in the file that nothing uses:\nX/y = 1\n");
-    const Result json = run(onFile({"list", "--json", "--changed"}));
-    QCOMPARE(QJsonDocument::fromJson(json.out.toUtf8()).object()["keys"].toArray(),
-             QJsonArray({QJsonObject {{"key", "engine"}, {"value", "software"}, {"default", false}}}));
-}
-
-void TorvaneConfigTest::describeAndRange()
-{
-    const QStringList pages {"", "Display", "Folders", "Simplification", "Tessellation"};
-    for (const auto& entry : CC::GetDefaultSettingsValues()) {
-        const zel::SettingDescription description = zel::settingDescription(entry.first);
-        QVERIFY2(!description.isNull(), qPrintable(entry.first));
-        QVERIFY2(pages.contains(description.page), qPrintable(entry.first));
-    }
-
-    const QStringList lines = run({"describe", "DBCache/cacheSize"}).out.split('\n');
-    QCOMPARE(lines.size(), 6);
-    QCOMPARE(lines.at(0), "DBCache/cacheSize");
-    QCOMPARE(lines.at(1), "  " + zel::settingDescription("DBCache/cacheSize").meaning);
-    QCOMPARE(lines.at(2), "  Default: 4096");
-    QCOMPARE(lines.at(3), "  Accepts: a whole number from 10 to 10240");
-    QCOMPARE(lines.at(4), "  Page: Folders");
-    QVERIFY(run({"describe", "settingsVersion"}).out.endsWith("\n  no page: set by the program\n"));
-
-    QCOMPARE(run({"range", "DBCache/cacheSize"}).out, "integer 10 10240 step 1\n");
-    QCOMPARE(run({"range", "Tesselation/TesselationMaxFaceSag"}).out, "decimal 0 100 decimals 3\n");
-    QCOMPARE(run({"range", "engine"}).out, "choice deferred software\n");
-}
-
-void TorvaneConfigTest::monitor()
-{
-    QVERIFY(writeBytes(iniPath(), "settingsVersion=2\nengine=deferred\n"));
-    QProcess monitor;
-    monitor.start(TORVANE_CONFIG, onFile({"monitor"}));
-    monitor.setReadChannel(QProcess::StandardError);
-    QVERIFY(monitor.waitForReadyRead(30000));
-    QVERIFY(monitor.readLine().startsWith("Watching " + iniPath().toUtf8()));
-    monitor.setReadChannel(QProcess::StandardOutput);
-    // What the monitor printed once it has `lines` lines.
-    const auto printed = [&monitor](int lines) {
-        QByteArray out;
-        while (out.count('\n') < lines && monitor.waitForReadyRead(30000))
-            out += monitor.readAllStandardOutput();
-        return out;
-    };
-
-    // Every write replaces the file by a rename; then it goes, and comes back.
-    QCOMPARE(run(onFile({"set", "engine", "software"})).exitCode, 0);
-    QCOMPARE(printed(1), "engine: 'deferred' -> 'software'\n");
-    // A second writer within the file system's time step: the same size and time.
-    const QString next = iniPath() + ".new";
-    QVERIFY(writeBytes(next, "settingsVersion=2\nengine=deferred\n"));
-    QFile nextFile(next);
-    QVERIFY(nextFile.open(QIODevice::ReadWrite));
-    QVERIFY(nextFile.setFileTime(QFileInfo(iniPath()).lastModified(), QFileDevice::FileModificationTime));
-    QVERIFY(std::rename(QFile::encodeName(next), QFile::encodeName(iniPath())) == 0);
-    QCOMPARE(printed(1), "engine: 'software' -> 'deferred'\n");
-    QCOMPARE(run(onFile({"reset", "engine"})).exitCode, 0);
-    QCOMPARE(printed(1), "engine: removed\n");
-    QVERIFY(QFile::remove(iniPath()));
-    QCOMPARE(printed(1), "settingsVersion: removed\n");
-    QCOMPARE(run(onFile({"set", "engine", "deferred"})).exitCode, 0);
-    QCOMPARE(printed(2), "engine: added 'deferred'\nsettingsVersion: added '2'\n");
-
-    monitor.terminate();
-    QVERIFY(monitor.waitForFinished(30000));
-    QCOMPARE(monitor.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(monitor.exitCode(), 0);
-}
-
-void TorvaneConfigTest::set_data()
+void TorvaneConfigChangesTest::set_data()
 {
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("value");
@@ -336,7 +106,7 @@ void TorvaneConfigTest::set_data()
     QTest::newRow("list") << "debuglogtypeblacklist" << "debug, warning" << "";
 }
 
-void TorvaneConfigTest::set()
+void TorvaneConfigChangesTest::set()
 {
     QFETCH(QString, key);
     QFETCH(QString, value);
@@ -360,7 +130,7 @@ void TorvaneConfigTest::set()
     QCOMPARE(check.exitCode, 0);
 }
 
-void TorvaneConfigTest::setAndResetKeepTheRest()
+void TorvaneConfigChangesTest::setAndResetKeepTheRest()
 {
     QVERIFY(writeBytes(iniPath(), HandEdited));
     QVariantMap expected = iniValues(iniPath());
@@ -399,7 +169,7 @@ void TorvaneConfigTest::setAndResetKeepTheRest()
     QVERIFY(!QFile::exists(iniPath()));
 }
 
-void TorvaneConfigTest::newFileIsCurrent()
+void TorvaneConfigChangesTest::newFileIsCurrent()
 {
     // A new account: the editor's next start must take the file as its own.
     const Result result = run({"set", "deferred/useSSAO", "false"});
@@ -411,7 +181,7 @@ void TorvaneConfigTest::newFileIsCurrent()
     QVERIFY(fileBytes(editorsFile()).endsWith('\n'));
 }
 
-void TorvaneConfigTest::unversionedFileIsRefused_data()
+void TorvaneConfigChangesTest::unversionedFileIsRefused_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QStringList>("arguments");
@@ -425,7 +195,7 @@ void TorvaneConfigTest::unversionedFileIsRefused_data()
         << " has an unknown settings version 'two': the settings editor sets it aside at its next start; ";
 }
 
-void TorvaneConfigTest::unversionedFileIsRefused()
+void TorvaneConfigChangesTest::unversionedFileIsRefused()
 {
     QFETCH(QByteArray, bytes);
     QFETCH(QStringList, arguments);
@@ -439,7 +209,7 @@ void TorvaneConfigTest::unversionedFileIsRefused()
     QCOMPARE(copies(), QStringList());
 }
 
-void TorvaneConfigTest::versionOneIsUpgraded()
+void TorvaneConfigChangesTest::versionOneIsUpgraded()
 {
     const QByteArray versionOne = "settingsVersion=1\nengine=software\nenablediag=false\n[Notes]\ntodo=keep me\n";
     QVERIFY(writeBytes(iniPath(), versionOne));
@@ -464,7 +234,7 @@ void TorvaneConfigTest::versionOneIsUpgraded()
     QVERIFY(QFile::remove(editors));
 }
 
-void TorvaneConfigTest::checkAndFix()
+void TorvaneConfigChangesTest::checkAndFix()
 {
     QVERIFY(writeBytes(iniPath(), HandEdited));
     const Result check = run(onFile({"check"}));
@@ -494,7 +264,7 @@ void TorvaneConfigTest::checkAndFix()
     QVERIFY(!fixed.contains("\n[") || fixed.contains("\r\n["));
 }
 
-void TorvaneConfigTest::checkLayouts_data()
+void TorvaneConfigChangesTest::checkLayouts_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("report"); // after the file's path
@@ -511,7 +281,7 @@ void TorvaneConfigTest::checkLayouts_data()
                                << QVariantMap {{"settingsVersion", "2"}, {"engine", "deferred"}, {"Notes/todo", "x"}};
 }
 
-void TorvaneConfigTest::checkLayouts()
+void TorvaneConfigChangesTest::checkLayouts()
 {
     QFETCH(QByteArray, bytes);
     QFETCH(QString, report);
@@ -535,7 +305,7 @@ void TorvaneConfigTest::checkLayouts()
     QCOMPARE(again.exitCode, 0);
 }
 
-void TorvaneConfigTest::fixKeepsEveryCopy()
+void TorvaneConfigChangesTest::fixKeepsEveryCopy()
 {
     // Copies an earlier run could have made in the seconds this one runs, and one made
     // the old way: none of them is replaced.
@@ -557,7 +327,7 @@ void TorvaneConfigTest::fixKeepsEveryCopy()
     QCOMPARE(fileBytes(kept), damaged);
 }
 
-void TorvaneConfigTest::failingValidator()
+void TorvaneConfigChangesTest::failingValidator()
 {
     // The default log file's folder would be under a regular file. The cache folder,
     // checked before it, is repaired.
@@ -579,7 +349,7 @@ void TorvaneConfigTest::failingValidator()
     QVERIFY(run(onFile({"check"}), environment).out.startsWith("DBCache/cacheDirectory: '" + m_folder.filePath("gone")));
 }
 
-void TorvaneConfigTest::editorOpenAtTheSameTime()
+void TorvaneConfigChangesTest::editorOpenAtTheSameTime()
 {
     QVERIFY(writeBytes(iniPath(), "settingsVersion=2\nengine=deferred\n"));
     QSettings editor(iniPath(), QSettings::IniFormat);
@@ -591,7 +361,7 @@ void TorvaneConfigTest::editorOpenAtTheSameTime()
              QVariantMap({{"settingsVersion", "2"}, {"engine", "deferred"}, {"enablediag", "true"}, {"language", "fr"}}));
 }
 
-void TorvaneConfigTest::fileProblems_data()
+void TorvaneConfigChangesTest::fileProblems_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("reason");
@@ -600,7 +370,7 @@ void TorvaneConfigTest::fileProblems_data()
     QTest::newRow("folder in its place") << "Settings.ini/" << "Is a directory";
 }
 
-void TorvaneConfigTest::fileProblems()
+void TorvaneConfigChangesTest::fileProblems()
 {
     QFETCH(QString, file);
     QFETCH(QString, reason);
@@ -616,7 +386,7 @@ void TorvaneConfigTest::fileProblems()
     QCOMPARE(QDir(iniPath()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
 }
 
-void TorvaneConfigTest::permissions_data()
+void TorvaneConfigChangesTest::permissions_data()
 {
     QTest::addColumn<int>("fileMode"); // -1: no file
     QTest::addColumn<QStringList>("arguments"); // FILE stands for the file
@@ -635,7 +405,7 @@ void TorvaneConfigTest::permissions_data()
                                                            + denied;
 }
 
-void TorvaneConfigTest::permissions()
+void TorvaneConfigChangesTest::permissions()
 {
     QFETCH(int, fileMode);
     QFETCH(QStringList, arguments);
@@ -674,7 +444,7 @@ void TorvaneConfigTest::permissions()
              fileMode >= 0 ? QStringList {"Settings.ini"} : QStringList());
 }
 
-void TorvaneConfigTest::writeFailsMidway()
+void TorvaneConfigChangesTest::writeFailsMidway()
 {
     // The new file is written beside the old one; a size limit stops it half-way.
     QByteArray bytes = "settingsVersion=2\n[Notes]\n";
@@ -693,24 +463,5 @@ void TorvaneConfigTest::writeFailsMidway()
     QCOMPARE(QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), entries);
 }
 
-void TorvaneConfigTest::completion()
-{
-    const auto complete = [](const QStringList& words) {
-        QProcess bash;
-        const QString script = "source \"$1\"; shift; COMP_WORDS=(\"$@\"); COMP_CWORD=$(($# - 1)); "
-                               "_torvane_config; echo \"${COMPREPLY[*]}\"";
-        bash.start("bash", QStringList {"-c", script, "bash", TORVANE_CONFIG_COMPLETION, TORVANE_CONFIG} + words);
-        return bash.waitForFinished(30000) ? QString::fromUtf8(bash.readAllStandardOutput()).trimmed() : QString();
-    };
-    QVERIFY(writeBytes(iniPath(), "[DBCache]\ncacheSize=10\ncachesize=8000\n"));
-    QCOMPARE(complete({"ch"}), "check");
-    QCOMPARE(complete({"check", "--"}), "--fix");
-    QCOMPARE(complete({"--file", iniPath(), "reset", "DBC"}),
-             "DBCache/cacheDirectory DBCache/cacheSize DBCache/cachesize");
-    QCOMPARE(complete({"get", "raytracer/q"}), "raytracer/quality");
-    // Only known keys have a description.
-    QCOMPARE(complete({"--file", iniPath(), "describe", "DBC"}), "DBCache/cacheDirectory DBCache/cacheSize");
-}
-
-QTEST_GUILESS_MAIN(TorvaneConfigTest)
-#include "tst_torvaneconfig.moc"
+QTEST_GUILESS_MAIN(TorvaneConfigChangesTest)
+#include "tst_torvaneconfigchanges.moc"
