@@ -154,8 +154,9 @@ void ZelControlCenterStandAloneWidget::takeOutsideChanges(const QStringList& key
     const QSettings& settings = m_application->getSettings();
     QStringList changes;
     for (const QString& key : keys) {
-        changes.append(settings.contains(key) ? tr("%1 is now \"%2\"").arg(key, ZelSettings::GetSettingText(settings, key))
-                                              : tr("%1 was removed").arg(key));
+        changes.append(settings.contains(key)
+                ? tr("%1 is now \"%2\"").arg(key, ZelSettings::GetSettingText(settings, key))
+                : tr("%1 was removed").arg(key));
     }
     QString message = tr("Another program changed the settings file: %1.").arg(changes.join(QStringLiteral("; ")));
     if (!overridden.isEmpty()) {

@@ -189,8 +189,9 @@ void ZelSettingsStart::afterPass()
         return;
     m_readOnly = ZelSettingsFile::WriteProblem(m_file);
     if (m_readOnly.isNull()) {
-        m_readOnly.text = translated(QT_TRANSLATE_NOOP("ZelSettingsStart", "The settings file \"%1\" could not be written."))
-                              .arg(native(m_file));
+        m_readOnly.text
+            = translated(QT_TRANSLATE_NOOP("ZelSettingsStart", "The settings file \"%1\" could not be written."))
+                  .arg(native(m_file));
         m_readOnly.reason = ZelSettingsFile::LastWriteError();
     }
 }
