@@ -78,7 +78,6 @@ void tst_Kernel::correctRatios_data()
     QTest::addColumn<Ratios>("expected");
     // First exactly 1, a level equal to the one before, exactly 0.01: all still valid.
     QTest::newRow("valid") << Ratios {1, 0.5f, 0.5f, 0.1f, 0.01f} << Ratios {1, 0.5f, 0.5f, 0.1f, 0.01f};
-    QTest::newRow("empty") << Ratios {} << Ratios {};
     QTest::newRow("first below one") << Ratios {0.5f, 0.8f, 0.2f} << Ratios {1, 0.8f, 0.2f};
     QTest::newRow("rising") << Ratios {1, 0.2f, 0.6f, 0.1f, 0.3f} << Ratios {1, 0.2f, 0.2f, 0.1f, 0.1f};
     QTest::newRow("out of range") << Ratios {inf, 2, 0, -inf, 0.001f} << Ratios {1, 1, 0.01f, 0.01f, 0.01f};
