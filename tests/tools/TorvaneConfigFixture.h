@@ -22,17 +22,18 @@ struct Result
 };
 
 // Runs torvane-config with `arguments`; `environment` entries override the test's own,
-// `inChild` runs in the child before torvane-config starts.
+// `prepare` readies the process before it starts.
 inline Result run(const QStringList& arguments, const QStringList& environment = {},
-                  const std::function<void()>& inChild = {})
+                  const std::function<void(QProcess&)>& prepare = {})
 {
     QProcess process;
-    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+    process.setProcessEnvironment(QProcessEnvironment::systemEnvironment());
+    if (prepare)
+        prepare(process);
+    QProcessEnvironment variables = process.processEnvironment();
     for (const QString& entry : environment)
         variables.insert(entry.section('=', 0, 0), entry.section('=', 1));
     process.setProcessEnvironment(variables);
-    if (inChild)
-        process.setChildProcessModifier(inChild);
     process.start(TORVANE_CONFIG, arguments);
     if (!process.waitForFinished(30000) || process.exitStatus() != QProcess::NormalExit)
         return {};

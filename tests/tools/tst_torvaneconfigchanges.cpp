@@ -1,5 +1,6 @@
 // torvane-config changing the settings: set, reset and check --fix, with what they
 // refuse and how they fail, leaving the file as it was.
+#include "OtherUser.h"
 #include "SettingsFiles.h"
 #include "TorvaneConfigFixture.h"
 #include "ZelSettingRange.h"
@@ -10,8 +11,6 @@
 #include <QSettings>
 #include <QTest>
 
-#include <grp.h>
-#include <pwd.h>
 #include <signal.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -21,23 +20,6 @@ using CC = zel::ZelSettings;
 using zel::ZelSettingsFile;
 
 namespace {
-
-// Root passes every permission bit: its child becomes "nobody" so that they hold.
-// Null when running as root without that user.
-std::function<void()> asUserBoundByPermissions()
-{
-    if (::geteuid() != 0)
-        return [] {};
-    const passwd* nobody = ::getpwnam("nobody");
-    if (!nobody)
-        return {};
-    const uid_t uid = nobody->pw_uid;
-    const gid_t gid = nobody->pw_gid;
-    return [uid, gid] {
-        if (::setgroups(0, nullptr) != 0 || ::setgid(gid) != 0 || ::setuid(uid) != 0)
-            ::_exit(127);
-    };
-}
 
 // The file as the editor's pass leaves it.
 QByteArray afterEditorPass(const QString& path)
@@ -65,9 +47,8 @@ private Q_SLOTS:
     void unversionedFileIsRefused_data();
     void unversionedFileIsRefused();
     void versionOneIsUpgraded();
+    void checkAndFix_data();
     void checkAndFix();
-    void checkLayouts_data();
-    void checkLayouts();
     void fixKeepsEveryCopy();
     void failingValidator();
     void editorOpenAtTheSameTime();
@@ -88,7 +69,6 @@ void TorvaneConfigChangesTest::set_data()
     // refuses what they would repair, saying what is accepted, and keeps the rest.
     const QString cacheSize = "DBCache/cacheSize accepts a whole number from 10 to 10240, not ";
     QTest::newRow("cache size, not a number") << "DBCache/cacheSize" << "abc" << cacheSize + "'abc'";
-    QTest::newRow("cache size, too large") << "DBCache/cacheSize" << "999999" << cacheSize + "'999999'";
     QTest::newRow("memory at maximum") << "Resources/MaxCPUMemory3D" << "8489271296" << "";
     const auto accepts = [](const QString& key, const QString& value) {
         return key + " accepts " + CC::GetSettingRange(key).describe() + ", not '" + value + "'";
@@ -178,7 +158,6 @@ void TorvaneConfigChangesTest::newFileIsCurrent()
     const QSettings written(editorsFile(), CC::SettingsFormat());
     QCOMPARE(ZelSettingsFile::InspectLayout(written), ZelSettingsFile::Layout::Current);
     QCOMPARE(written.value("deferred/useSSAO").toString(), "false");
-    QVERIFY(fileBytes(editorsFile()).endsWith('\n'));
 }
 
 void TorvaneConfigChangesTest::unversionedFileIsRefused_data()
@@ -211,77 +190,42 @@ void TorvaneConfigChangesTest::unversionedFileIsRefused()
 
 void TorvaneConfigChangesTest::versionOneIsUpgraded()
 {
-    const QByteArray versionOne = "settingsVersion=1\nengine=software\nenablediag=false\n[Notes]\ntodo=keep me\n";
+    // set upgrades the file, as check --fix does, rather than refusing it.
+    const QByteArray versionOne = "settingsVersion=1\nengine=software\nenablediag=false\n";
     QVERIFY(writeBytes(iniPath(), versionOne));
-    // What the editor's own upgrade makes of it.
-    const QString editors = m_folder.filePath("editors.ini");
-    QVERIFY(writeBytes(editors, versionOne));
-    {
-        QSettings settings(editors, CC::SettingsFormat());
-        ZelSettingsFile::Upgrade(settings);
-        settings.setValue("enablediag", "true");
-    }
-
     const Result result = run(onFile({"set", "enablediag", "true"}));
     QCOMPARE(result.exitCode, 0);
-    QCOMPARE(iniValues(iniPath()), iniValues(editors));
+    QCOMPARE(run(onFile({"get", "enablediag"})).out, "true\n");
+    QCOMPARE(run(onFile({"get", "engine"})).out, "deferred\n");
     QCOMPARE(copies().size(), 1);
     const QString copy = m_folder.filePath(copies().first());
     QCOMPARE(fileBytes(copy), versionOne);
     QVERIFY2(result.err.contains("upgraded") && result.err.contains("engine: 'software' -> 'deferred'"),
              qPrintable(result.err));
     QVERIFY2(result.err.endsWith("the previous file is kept as " + copy + "\n"), qPrintable(result.err));
-    QVERIFY(QFile::remove(editors));
+}
+
+void TorvaneConfigChangesTest::checkAndFix_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("report"); // how check's output begins; FILE stands for the file
+    // Values after --fix (an invalid one: no such key); none: what the editor's pass makes of it.
+    QTest::addColumn<QVariantMap>("fixed");
+
+    QTest::newRow("hand edited") << HandEdited
+                                 << "Resources/MaxGPUMemory: '1' -> '134217728'\nengine: 'Deferred' -> 'deferred'\n"
+                                 << QVariantMap();
+    QTest::newRow("no version") << QByteArray("language=fr\nengine=software\n[Notes]\ntodo=x\n")
+                                << "FILE has no settings version: the settings editor sets it aside at its next "
+                                   "start, keeping only the language\n"
+                                << QVariantMap {{"language", "fr"}, {"engine", "deferred"}, {"Notes/todo", QVariant()}};
+    QTest::newRow("version 1") << QByteArray("settingsVersion=1\nengine=software\n[Notes]\ntodo=x\n")
+                               << "FILE has settings version 1: the settings editor upgrades it at its next start\n"
+                                  "engine: 'software' -> 'deferred'\nsettingsVersion: '1' -> '2'\n"
+                               << QVariantMap {{"engine", "deferred"}, {"Notes/todo", "x"}};
 }
 
 void TorvaneConfigChangesTest::checkAndFix()
-{
-    QVERIFY(writeBytes(iniPath(), HandEdited));
-    const Result check = run(onFile({"check"}));
-    QCOMPARE(check.exitCode, 1);
-    QVERIFY2(check.out.startsWith("Resources/MaxGPUMemory: '1' -> '134217728'\nengine: 'Deferred' -> 'deferred'\n"),
-             qPrintable(check.out));
-    QVERIFY2(check.out.contains("\nDBCache/cacheSize: added with the default '4096'\n"), qPrintable(check.out));
-    QCOMPARE(fileBytes(iniPath()), HandEdited);
-    QCOMPARE(copies(), QStringList());
-
-    const Result fix = run(onFile({"check", "--fix"}));
-    QCOMPARE(fix.exitCode, 0);
-    QCOMPARE(copies().size(), 1);
-    const QString copy = m_folder.filePath(copies().first());
-    QCOMPARE(fix.out, check.out + "The previous file is kept as " + copy + "\n");
-    QCOMPARE(fileBytes(copy), HandEdited);
-    const Result again = run(onFile({"check"}));
-    QCOMPARE(again.out, QString());
-    QCOMPARE(again.exitCode, 0);
-
-    // The fixed file is byte for byte what the editor's pass makes of the damaged one.
-    const QByteArray fixed = fileBytes(iniPath());
-    QVERIFY(writeBytes(iniPath(), HandEdited));
-    QCOMPARE(fixed, afterEditorPass(iniPath()));
-    // The byte-order mark and the CRLF line ends stay.
-    QVERIFY(fixed.startsWith("\xEF\xBB\xBF"));
-    QVERIFY(!fixed.contains("\n[") || fixed.contains("\r\n["));
-}
-
-void TorvaneConfigChangesTest::checkLayouts_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("report"); // after the file's path
-    QTest::addColumn<QVariantMap>("fixed"); // values after --fix; an invalid one: no such key
-
-    const QString setAside = ": the settings editor sets it aside at its next start, keeping only the language";
-    QTest::newRow("no version") << QByteArray("language=fr\nengine=software\n[Notes]\ntodo=x\n")
-                                << " has no settings version" + setAside
-                                << QVariantMap {{"settingsVersion", "2"}, {"language", "fr"}, {"engine", "deferred"},
-                                                {"Notes/todo", QVariant()}};
-    QTest::newRow("version 1") << QByteArray("settingsVersion=1\nengine=software\n[Notes]\ntodo=x\n")
-                               << " has settings version 1: the settings editor upgrades it at its next start\n"
-                                  "engine: 'software' -> 'deferred'\nsettingsVersion: '1' -> '2'"
-                               << QVariantMap {{"settingsVersion", "2"}, {"engine", "deferred"}, {"Notes/todo", "x"}};
-}
-
-void TorvaneConfigChangesTest::checkLayouts()
 {
     QFETCH(QByteArray, bytes);
     QFETCH(QString, report);
@@ -289,20 +233,30 @@ void TorvaneConfigChangesTest::checkLayouts()
     QVERIFY(writeBytes(iniPath(), bytes));
     const Result check = run(onFile({"check"}));
     QCOMPARE(check.exitCode, 1);
-    QVERIFY2(check.out.startsWith(iniPath() + report + "\n"), qPrintable(check.out));
+    QVERIFY2(check.out.startsWith(report.replace("FILE", iniPath())), qPrintable(check.out));
     QCOMPARE(fileBytes(iniPath()), bytes);
     QCOMPARE(copies(), QStringList());
 
-    QCOMPARE(run(onFile({"check", "--fix"})).exitCode, 0);
+    const Result fix = run(onFile({"check", "--fix"}));
+    QCOMPARE(fix.exitCode, 0);
     QCOMPARE(copies().size(), 1);
-    QCOMPARE(fileBytes(m_folder.filePath(copies().first())), bytes);
+    const QString copy = m_folder.filePath(copies().first());
+    QCOMPARE(fix.out, check.out + "The previous file is kept as " + copy + "\n");
+    QCOMPARE(fileBytes(copy), bytes);
+    const Result again = run(onFile({"check"}));
+    QCOMPARE(again.out, QString());
+    QCOMPARE(again.exitCode, 0);
+
     const QSettings settings(iniPath(), CC::SettingsFormat());
     QCOMPARE(ZelSettingsFile::InspectLayout(settings), ZelSettingsFile::Layout::Current);
     for (auto it = fixed.cbegin(); it != fixed.cend(); ++it)
         QCOMPARE(settings.value(it.key()), it.value());
-    const Result again = run(onFile({"check"}));
-    QCOMPARE(again.out, QString());
-    QCOMPARE(again.exitCode, 0);
+    if (!fixed.isEmpty())
+        return;
+    // The fixed file is byte for byte what the editor's pass makes of the damaged one.
+    const QByteArray fixedBytes = fileBytes(iniPath());
+    QVERIFY(writeBytes(iniPath(), bytes));
+    QCOMPARE(fixedBytes, afterEditorPass(iniPath()));
 }
 
 void TorvaneConfigChangesTest::fixKeepsEveryCopy()
@@ -410,8 +364,8 @@ void TorvaneConfigChangesTest::permissions()
     QFETCH(int, fileMode);
     QFETCH(QStringList, arguments);
     QFETCH(QString, error);
-    const std::function<void()> boundUser = asUserBoundByPermissions();
-    if (!boundUser)
+    const std::optional<OtherUser> user = otherUser();
+    if (!user)
         QSKIP("Running as root without a 'nobody' user: root would pass every permission bit.");
 
     // The folder holds the file; the child may write neither the folder nor what the
@@ -424,8 +378,7 @@ void TorvaneConfigChangesTest::permissions()
         QVERIFY(writeBytes(file, bytes));
         QVERIFY(::chmod(QFile::encodeName(file), mode_t(fileMode)) == 0);
     }
-    for (const QString& path : {m_home.path(), m_home.tempPath(), m_folder.path()})
-        QVERIFY(::chmod(QFile::encodeName(path), 0755) == 0);
+    QVERIFY(::chmod(QFile::encodeName(m_folder.path()), 0755) == 0);
     QVERIFY(::chmod(QFile::encodeName(folder), 0555) == 0);
     const auto unlock = qScopeGuard([&] {
         ::chmod(QFile::encodeName(folder), 0755);
@@ -433,7 +386,8 @@ void TorvaneConfigChangesTest::permissions()
     });
 
     arguments.replaceInStrings("FILE", file);
-    const Result result = run(arguments, {"XDG_CONFIG_HOME=" + folder}, boundUser);
+    const Result result = run(arguments, {"XDG_CONFIG_HOME=" + folder},
+                                [&](QProcess& process) { user->prepare(process, m_home); });
     QCOMPARE(result.exitCode, 4);
     QVERIFY2(result.err.startsWith("torvane-config: " + QString(error).replace("FILE", file).replace("FOLDER", folder)),
              qPrintable(result.err));
@@ -452,10 +406,12 @@ void TorvaneConfigChangesTest::writeFailsMidway()
         bytes += "line" + QByteArray::number(line) + '=' + QByteArray(40, 'x') + '\n';
     QVERIFY(writeBytes(iniPath(), bytes));
     const QStringList entries = QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
-    const Result result = run(onFile({"set", "engine", "software"}), {}, [] {
-        ::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit {1024, 1024};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
+    const Result result = run(onFile({"set", "engine", "software"}), {}, [](QProcess& process) {
+        process.setChildProcessModifier([] {
+            ::signal(SIGXFSZ, SIG_IGN);
+            const rlimit limit {1024, 1024};
+            ::setrlimit(RLIMIT_FSIZE, &limit);
+        });
     });
     QCOMPARE(result.exitCode, 4);
     QCOMPARE(result.err, "torvane-config: cannot write " + iniPath() + ": File too large\n");

@@ -70,7 +70,6 @@ void TorvaneConfigQueriesTest::pathListAndGet()
     QCOMPARE(list.exitCode, 0);
     QVERIFY(list.out.contains("\nengine = Deferred\n"));
     QVERIFY(list.out.contains("\nDBCache/cacheSize = 4096 (default)\n"));
-    QVERIFY(list.out.contains("\nKeys in the file that nothing uses:\n"));
     QVERIFY(list.out.contains("\nDBCache/cachesize = 8000 (did you mean DBCache/cacheSize?)\n"));
     QVERIFY(list.out.contains("\nCaf\u00e9/Men\u00fc = \u20ac 5\n"));
 
@@ -110,13 +109,9 @@ void TorvaneConfigQueriesTest::describeAndRange()
         QVERIFY2(pages.contains(description.page), qPrintable(entry.first));
     }
 
-    const QStringList lines = run({"describe", "DBCache/cacheSize"}).out.split('\n');
-    QCOMPARE(lines.size(), 6);
-    QCOMPARE(lines.at(0), "DBCache/cacheSize");
-    QCOMPARE(lines.at(1), "  " + zel::settingDescription("DBCache/cacheSize").meaning);
-    QCOMPARE(lines.at(2), "  Default: 4096");
-    QCOMPARE(lines.at(3), "  Accepts: a whole number from 10 to 10240");
-    QCOMPARE(lines.at(4), "  Page: Folders");
+    QCOMPARE(run({"describe", "DBCache/cacheSize"}).out,
+             "DBCache/cacheSize\n  " + zel::settingDescription("DBCache/cacheSize").meaning
+                 + "\n  Default: 4096\n  Accepts: a whole number from 10 to 10240\n  Page: Folders\n");
     QVERIFY(run({"describe", "settingsVersion"}).out.endsWith("\n  no page: set by the program\n"));
 
     QCOMPARE(run({"range", "DBCache/cacheSize"}).out, "integer 10 10240 step 1\n");
@@ -179,7 +174,6 @@ void TorvaneConfigQueriesTest::completion()
     QCOMPARE(complete({"check", "--"}), "--fix");
     QCOMPARE(complete({"--file", iniPath(), "reset", "DBC"}),
              "DBCache/cacheDirectory DBCache/cacheSize DBCache/cachesize");
-    QCOMPARE(complete({"get", "raytracer/q"}), "raytracer/quality");
     // Only known keys have a description.
     QCOMPARE(complete({"--file", iniPath(), "describe", "DBC"}), "DBCache/cacheDirectory DBCache/cacheSize");
 }
