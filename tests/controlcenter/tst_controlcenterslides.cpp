@@ -1,5 +1,6 @@
 #include "ControlCenterFakes.h"
 #include "TestHome.h"
+#include "TestInput.h"
 #include "ZelCCActionItem.h"
 
 #include <QAbstractItemView>
@@ -11,20 +12,6 @@
 
 // How long after a counted press or a resize another press is ignored. Nothing marks its end.
 static constexpr int ClickGuard = 500;
-
-static void openMenu(ZelControlCenter* cc)
-{
-    cc->openMenu(true);
-    finishSlides(cc);
-}
-
-// A press as the window system delivers it: to the top-level window under the point,
-// which hands it on to the widget there.
-static void pressThroughWindow(QWidget* widget, QPoint position = QPoint(5, 5))
-{
-    QWidget* window = widget->window();
-    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, widget->mapTo(window, position));
-}
 
 class TestControlCenterSlides : public QObject
 {
@@ -45,7 +32,6 @@ private Q_SLOTS:
         cc->openMenu(true);
         QVERIFY(external.isChecked() && !host.app.engineUpdates.back() && finishSlides(cc));
         QVERIFY(cc->isMenuOpen() && cc->isVisible() && host.app.engineRuns());
-        QCOMPARE(cc->controlCenterWidth(), 250);
 
         // Already open: done at once.
         cc->openMenu(true);
@@ -55,8 +41,7 @@ private Q_SLOTS:
         cc->openMenu(false);
         cc->openMenu(true);
         QVERIFY(finishSlides(cc) && cc->isMenuOpen());
-        cc->openMenu(false);
-        finishSlides(cc);
+        slideMenu(cc, false);
         QVERIFY(!cc->isMenuOpen() && !cc->isVisible() && !external.isChecked() && host.app.engineRuns());
 
         // Destroyed halfway: the slide never finishes, the engine runs again all the same.
@@ -74,7 +59,7 @@ private Q_SLOTS:
             page->setMinimumHeight(500);
             cc->registerSettingsPanel(page);
         }
-        openMenu(cc);
+        slideMenu(cc);
         a.calls.clear();
 
         // Settings keeps the menu open and swaps its column for the drawer, reloading the pages.
@@ -82,7 +67,6 @@ private Q_SLOTS:
         QVERIFY(part(cc, "actionFrame")->isHidden() && finishSlides(cc));
         QCOMPARE(a.calls, QStringList({"A.initializeWidget", "A.hasModifications", "A.canResetContent"}));
         QVERIFY(cc->isSettingsOpen() && cc->isMenuOpen());
-        QCOMPARE(cc->settingsWidth(), 450);
 
         // A page button scrolls its page to the top, or as far as it goes, and stays checked;
         // scrolling by hand checks the page at the top.
@@ -115,8 +99,7 @@ private Q_SLOTS:
         // Closing the menu closes the drawer with it.
         cc->openSettings();
         finishSlides(cc);
-        cc->openMenu(false);
-        finishSlides(cc);
+        slideMenu(cc, false);
         QVERIFY(!cc->isSettingsOpen() && cc->settingsWidget()->isHidden() && host.app.engineRuns());
     }
 
@@ -136,15 +119,14 @@ private Q_SLOTS:
         TestHost host(kind);
         TestPage page(&host.app, "A");
         host.cc->registerSettingsPanel(&page);
-        openMenu(host.cc);
+        slideMenu(host.cc);
         host.cc->openSettings();
         finishSlides(host.cc);
         page.setModified(true);
         page.calls.clear();
 
         const BoxAnswerer answerer(answer);
-        host.cc->openMenu(false);
-        finishSlides(host.cc);
+        slideMenu(host.cc, false);
         const bool asked = kind == Host::Viewer;
         const QString question = "Settings Modification: You have pending modifications. Continue and discard "
                                  "your changes ?";
@@ -164,11 +146,11 @@ private Q_SLOTS:
         ZelControlCenter* cc = host.cc;
         TestPage page(&host.app, "A");
         cc->registerSettingsPanel(&page);
-        openMenu(cc);
+        slideMenu(cc);
         page.setModified(true);
         const BoxAnswerer answerer(QMessageBox::Cancel);
         const auto press = [cc](QWidget* where) {
-            pressThroughWindow(where);
+            click(where);
             finishSlides(cc);
         };
 
@@ -216,7 +198,7 @@ private Q_SLOTS:
         ZelControlCenter* cc = host.cc;
         if (handler)
             cc->setGUIHandler(&host.window);
-        openMenu(cc);
+        slideMenu(cc);
 
         // A combo box's popup list and a tool window, both lying over the view.
         QComboBox combo(host.view);
@@ -232,19 +214,19 @@ private Q_SLOTS:
         QWidget* list = combo.view()->viewport();
         QTRY_VERIFY(list->isVisible());
         QTest::qWait(ClickGuard + 50);
-        pressThroughWindow(list, combo.view()->visualRect(combo.model()->index(2, 0)).center());
+        click(list, combo.view()->visualRect(combo.model()->index(2, 0)).center());
         finishSlides(cc);
         QCOMPARE(combo.currentIndex(), 2);
         QVERIFY(cc->isMenuOpen());
 
         QTest::qWait(ClickGuard + 50);
-        pressThroughWindow(&tool);
+        click(&tool);
         finishSlides(cc);
         QVERIFY(cc->isMenuOpen());
 
         // The view itself, under the same conditions, closes the menu.
         QTest::qWait(ClickGuard + 50);
-        pressThroughWindow(host.view, QPoint(400, 400));
+        click(host.view, QPoint(400, 400));
         finishSlides(cc);
         QVERIFY(!cc->isMenuOpen());
     }

@@ -19,9 +19,10 @@
 
 using zel::ZelControlCenter;
 
-// The 3D database manager of a running viewer: writes "<call> <argument>" into `journal`.
-struct FakeManager : zel::kqDMManager {
-    explicit FakeManager(QStringList& journal) : journal(journal) {}
+// The 3D database manager and the renderer of a running viewer: writes "<call> <argument>"
+// into `journal`.
+struct FakeEngine : zel::kqDMManager, zel::kqDMRenderer {
+    explicit FakeEngine(QStringList& journal) : journal(journal) {}
     void setMaxCacheSize(unsigned int megabytes) override
     {
         journal.append(QStringLiteral("setMaxCacheSize %1").arg(megabytes));
@@ -33,12 +34,6 @@ struct FakeManager : zel::kqDMManager {
             texts.append(QString::number(ratio));
         journal.append(QStringLiteral("setSimplificationRatios ") + texts.join('/'));
     }
-    QStringList& journal;
-};
-
-// The renderer of a running viewer: writes "setTargetTriangles <n>" into `journal`.
-struct FakeRenderer : zel::kqDMRenderer {
-    explicit FakeRenderer(QStringList& journal) : journal(journal) {}
     void setTargetTriangles(quint64 triangles) override
     {
         journal.append(QStringLiteral("setTargetTriangles %1").arg(triangles));
@@ -68,8 +63,8 @@ public:
 
     explicit FakeApplication(Host host) : ZelSettingsApplication(QDir::tempPath()), viewer(host == Host::Viewer) {}
     zel::kqDMGuiPlugin* getGuiPlugin() const override { return viewer ? &plugin : nullptr; }
-    zel::kqDMManager* getDMManager() const override { return viewer ? &manager : nullptr; }
-    zel::kqDMRenderer* getDMRenderer() const override { return viewer ? &renderer : nullptr; }
+    zel::kqDMManager* getDMManager() const override { return viewer ? &engine : nullptr; }
+    zel::kqDMRenderer* getDMRenderer() const override { return viewer ? &engine : nullptr; }
     zel::zelActionManager* getActionManager() override { return viewer ? &actions : nullptr; }
     const std::vector<zel::kqDMPlugin*>& getPluginsList() const override { return plugins; }
     void setScreenshotImageFolder(const QString& folder) override
@@ -84,8 +79,7 @@ public:
     mutable GuiPlugin plugin;
     std::vector<bool> engineUpdates;
     QStringList kernel;
-    mutable FakeManager manager {kernel};
-    mutable FakeRenderer renderer {kernel};
+    mutable FakeEngine engine {kernel};
     // The viewer's actions; the Display page enables "renderingMode" or not.
     zel::zelActionManager actions;
     zel::zelAction renderingMode {QStringLiteral("renderingMode"), QStringLiteral("Rendering mode"), &actions};
@@ -178,6 +172,13 @@ inline bool finishSlides(const ZelControlCenter* cc)
         slid = true;
     }
     return slid;
+}
+
+// Opens or closes the menu and runs its slide to the end.
+inline void slideMenu(ZelControlCenter* cc, bool open = true)
+{
+    cc->openMenu(open);
+    finishSlides(cc);
 }
 
 // Answers every message box that opens while it lives with `answer` and keeps
