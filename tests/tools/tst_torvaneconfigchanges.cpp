@@ -56,7 +56,6 @@ private Q_SLOTS:
     void fileProblems();
     void permissions_data();
     void permissions();
-    void writeFailsMidway();
 };
 
 void TorvaneConfigChangesTest::set_data()
@@ -73,7 +72,6 @@ void TorvaneConfigChangesTest::set_data()
     const auto accepts = [](const QString& key, const QString& value) {
         return key + " accepts " + CC::GetSettingRange(key).describe() + ", not '" + value + "'";
     };
-    QTest::newRow("engine case") << "engine" << "Software" << accepts("engine", "Software");
     // Ratios the kernel corrects, which it reports on standard output: not in the tool's.
     const QString rising = "1/0.5/0.6/0.25/0.1";
     QTest::newRow("ratios rising") << "Simplification/Ratios" << rising << accepts("Simplification/Ratios", rising);
@@ -318,26 +316,44 @@ void TorvaneConfigChangesTest::editorOpenAtTheSameTime()
 void TorvaneConfigChangesTest::fileProblems_data()
 {
     QTest::addColumn<QString>("file");
+    QTest::addColumn<QByteArray>("bytes"); // in Settings.ini; none: a folder of that name
     QTest::addColumn<QString>("reason");
 
-    QTest::newRow("folder missing") << "missing/deeper/Settings.ini" << "No such file or directory";
-    QTest::newRow("folder in its place") << "Settings.ini/" << "Is a directory";
+    QTest::newRow("folder missing") << "missing/deeper/Settings.ini" << QByteArray() << "No such file or directory";
+    QTest::newRow("folder in its place") << "Settings.ini/" << QByteArray() << "Is a directory";
+    // The new file is written beside the old one; a size limit stops it half-way.
+    QByteArray bytes = "settingsVersion=2\n[Notes]\n";
+    for (int line = 0; line < 40; ++line)
+        bytes += "line" + QByteArray::number(line) + '=' + QByteArray(40, 'x') + '\n';
+    QTest::newRow("size limit") << "Settings.ini" << bytes << "File too large";
 }
 
 void TorvaneConfigChangesTest::fileProblems()
 {
     QFETCH(QString, file);
+    QFETCH(QByteArray, bytes);
     QFETCH(QString, reason);
-    QVERIFY(QDir(m_folder.path()).mkpath("Settings.ini"));
+    QVERIFY(bytes.isEmpty() ? QDir(m_folder.path()).mkpath("Settings.ini") : writeBytes(iniPath(), bytes));
     const QStringList before = QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
 
-    const Result result = run({"--file", m_folder.filePath(file), "set", "engine", "software"});
+    // Only the size-limit row writes enough to meet the limit.
+    const auto limitSize = [](QProcess& process) {
+        process.setChildProcessModifier([] {
+            ::signal(SIGXFSZ, SIG_IGN);
+            const rlimit limit {1024, 1024};
+            ::setrlimit(RLIMIT_FSIZE, &limit);
+        });
+    };
+    const Result result = run({"--file", m_folder.filePath(file), "set", "engine", "software"}, {}, limitSize);
     QCOMPARE(result.exitCode, 4);
     QVERIFY2(result.err.contains(": " + reason), qPrintable(result.err));
     QCOMPARE(result.err.count('\n'), 1);
-    // Not a folder made, not a file put anywhere.
+    // Not a folder made, not a file put anywhere, the old file as it was.
     QCOMPARE(QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), before);
-    QCOMPARE(QDir(iniPath()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
+    if (bytes.isEmpty())
+        QCOMPARE(QDir(iniPath()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
+    else
+        QCOMPARE(fileBytes(iniPath()), bytes);
 }
 
 void TorvaneConfigChangesTest::permissions_data()
@@ -396,27 +412,6 @@ void TorvaneConfigChangesTest::permissions()
     QCOMPARE(fileBytes(file), fileMode >= 0 ? bytes : QByteArray());
     QCOMPARE(QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
              fileMode >= 0 ? QStringList {"Settings.ini"} : QStringList());
-}
-
-void TorvaneConfigChangesTest::writeFailsMidway()
-{
-    // The new file is written beside the old one; a size limit stops it half-way.
-    QByteArray bytes = "settingsVersion=2\n[Notes]\n";
-    for (int line = 0; line < 40; ++line)
-        bytes += "line" + QByteArray::number(line) + '=' + QByteArray(40, 'x') + '\n';
-    QVERIFY(writeBytes(iniPath(), bytes));
-    const QStringList entries = QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
-    const Result result = run(onFile({"set", "engine", "software"}), {}, [](QProcess& process) {
-        process.setChildProcessModifier([] {
-            ::signal(SIGXFSZ, SIG_IGN);
-            const rlimit limit {1024, 1024};
-            ::setrlimit(RLIMIT_FSIZE, &limit);
-        });
-    });
-    QCOMPARE(result.exitCode, 4);
-    QCOMPARE(result.err, "torvane-config: cannot write " + iniPath() + ": File too large\n");
-    QCOMPARE(fileBytes(iniPath()), bytes);
-    QCOMPARE(QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), entries);
 }
 
 QTEST_GUILESS_MAIN(TorvaneConfigChangesTest)
