@@ -35,6 +35,15 @@ QString listed(const QStringList& lines, const QString& separator)
         + translated(QT_TRANSLATE_NOOP("ZelSettingsStart", "and %1 more")).arg(lines.size() - ListedEntries);
 }
 
+bool openToRead(QFile& file, QString& error)
+{
+    if (file.open(QIODevice::ReadOnly))
+        return true;
+    error = translated(QT_TRANSLATE_NOOP("ZelSettingsStart", "The settings file \"%1\" cannot be read (%2)."))
+                .arg(native(file.fileName()), file.errorString());
+    return false;
+}
+
 bool writeBytes(const QString& path, const QByteArray& bytes, QString& error)
 {
     QSaveFile file(path);
@@ -72,17 +81,7 @@ bool ZelSettingsStart::open(QString& error)
     if (m_settings.status() != QSettings::AccessError)
         return true;
     QFile file(m_file);
-    if (!file.open(QIODevice::ReadOnly)) {
-        error = translated(QT_TRANSLATE_NOOP("ZelSettingsStart", "The settings file \"%1\" cannot be read (%2)."))
-                    .arg(native(m_file), file.errorString());
-        return false;
-    }
-    return true;
-}
-
-const FileProblem& ZelSettingsStart::readOnlyProblem() const
-{
-    return m_readOnly;
+    return openToRead(file, error);
 }
 
 bool ZelSettingsStart::isReadOnly() const
@@ -95,12 +94,7 @@ bool ZelSettingsStart::keepCopy(QString& error)
     if (!m_copy.isEmpty())
         return true;
     QFile file(m_file);
-    if (!file.open(QIODevice::ReadOnly)) {
-        error = translated(QT_TRANSLATE_NOOP("ZelSettingsStart", "The settings file \"%1\" cannot be read (%2)."))
-                    .arg(native(m_file), file.errorString());
-        return false;
-    }
-    return ZelSettingsFile::KeepCopy(m_file, file.readAll(), m_copy, error);
+    return openToRead(file, error) && ZelSettingsFile::KeepCopy(m_file, file.readAll(), m_copy, error);
 }
 
 bool ZelSettingsStart::prepare(const QString& languageCode, bool& rendererKnown, QString& error)

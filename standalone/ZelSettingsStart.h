@@ -25,9 +25,8 @@ public:
 
     // False, with `error`, when the file exists but cannot be read, or cannot be made.
     bool open(QString& error);
-    // Why the settings cannot be written; null when they can. Then nothing is changed
-    // on disk and the window opens read-only.
-    const FileProblem& readOnlyProblem() const;
+    // True when the settings cannot be written: then nothing is changed on disk and the
+    // window opens read-only.
     bool isReadOnly() const;
 
     // Upgrades a version-1 file or sets an older one aside, a copy kept first, then
