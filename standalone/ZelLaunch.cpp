@@ -181,16 +181,18 @@ int launch(int argc, char** argv)
     // The one settings object of this start: the file is read here, once, and written at
     // most once, by the validation pass.
     auto settings = std::make_unique<QSettings>(settingsFile, ZelSettings::SettingsFormat());
+    // Translated first: everything the start says from here on is in the user's language.
+    auto translator = std::make_unique<QTranslator>();
+    const QString languageCode = loadTranslation(*settings, *translator);
+
     ZelSettingsStart start(*settings);
     QString error;
     if (!start.open(error)) {
         showFatalError(error);
+        QCoreApplication::removeTranslator(translator.get());
         stopPlatform();
         return 0;
     }
-
-    auto translator = std::make_unique<QTranslator>();
-    const QString languageCode = loadTranslation(*settings, *translator);
 
     bool rendererKnown = false;
     if (!start.prepare(languageCode, rendererKnown, error)) {
