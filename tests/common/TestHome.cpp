@@ -22,23 +22,3 @@ TestHome::TestHome()
     QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtime));
 }
-
-bool TestHome::isValid() const
-{
-    return m_root.isValid();
-}
-
-QString TestHome::path() const
-{
-    return m_root.path();
-}
-
-QString TestHome::configPath() const
-{
-    return path() + QStringLiteral("/config");
-}
-
-QString TestHome::tempPath() const
-{
-    return path() + QStringLiteral("/tmp");
-}

@@ -11,10 +11,10 @@ class TestHome
 public:
     TestHome();
 
-    bool isValid() const;
-    QString path() const;
-    QString configPath() const;
-    QString tempPath() const;
+    bool isValid() const { return m_root.isValid(); }
+    QString path() const { return m_root.path(); }
+    QString configPath() const { return path() + QLatin1String("/config"); }
+    QString tempPath() const { return path() + QLatin1String("/tmp"); }
 
 private:
     Q_DISABLE_COPY_MOVE(TestHome)

@@ -20,13 +20,6 @@ namespace {
 
 constexpr char WriterVariable[] = "ZEL_SETTINGS_WRITER";
 
-void writeFile(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    QCOMPARE(file.write(bytes), bytes.size());
-}
-
 // The child of the interrupted-write test: writes "big" over and over, alternating
 // between two values, until it is killed.
 int writeForever(const QString& path)
@@ -71,8 +64,7 @@ private:
     QString fileWith(const QByteArray& bytes)
     {
         const QString path = freshPath();
-        writeFile(path, bytes);
-        return path;
+        return writeBytes(path, bytes) ? path : QString();
     }
 
     TestHome m_home;
@@ -341,7 +333,7 @@ void SettingsFormatTest::interruptedWriteLeavesOldOrNew()
 {
     const QString path = freshPath();
     const QByteArray head = "; kept\n[General]\nbig=";
-    writeFile(path, head + QByteArray(1 << 20, 'a') + "\n");
+    QVERIFY(writeBytes(path, head + QByteArray(1 << 20, 'a') + "\n"));
     const QByteArray withA = fileBytes(path);
     const QByteArray withB = head + QByteArray(1 << 20, 'b') + "\n";
 

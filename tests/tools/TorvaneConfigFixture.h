@@ -41,12 +41,6 @@ inline Result run(const QStringList& arguments, const QStringList& environment =
             QString::fromUtf8(process.readAllStandardError())};
 }
 
-inline bool writeBytes(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
 // The keys, defaults and validators torvane-config works with, in this process.
 inline void registerEditorsKeys()
 {
