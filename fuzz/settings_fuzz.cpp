@@ -51,10 +51,7 @@ const char* const Tokens[] = {
 class Fuzzer
 {
 public:
-    explicit Fuzzer(const QString& folder)
-        : m_folder(folder)
-    {
-    }
+    explicit Fuzzer(const QString& folder) : m_folder(folder) {}
 
     // False, with a message on stderr, when `input` breaks a rule.
     bool run(const QByteArray& input)
@@ -76,11 +73,18 @@ public:
         return writtenAnewReadsTheSame(before);
     }
 
+    void cleanUp()
+    {
+        for (const QString& path : std::as_const(m_paths))
+            QFile::remove(path);
+        m_paths.clear();
+    }
+
 private:
     QString freshFile(const QByteArray& bytes)
     {
         // A new name each time: QSettings keeps what it read of a file per name.
-        const QString path = m_folder.filePath(QStringLiteral("input-%1.ini").arg(++m_files));
+        const QString path = m_folder.filePath(QString("input-%1.ini").arg(++m_files));
         QFile file(path);
         if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
             qFatal("Cannot write %s", qPrintable(path));
@@ -127,11 +131,10 @@ private:
         const QByteArray bytes = file.readAll();
         for (const QSettings::Format format : {ZelSettings::SettingsFormat(), QSettings::IniFormat}) {
             const QSettings::SettingsMap back = read(freshFile(bytes), format);
-            const QString reader = format == QSettings::IniFormat ? QStringLiteral("Qt") : QStringLiteral("our reader");
+            const QString reader = format == QSettings::IniFormat ? "Qt" : "our reader";
             if (back.keys() != values.keys()) {
-                return fail(reader + " reads other keys from a file written anew: "
-                            + shown(QStringList(back.keys()).join(QLatin1Char('|'))) + " instead of "
-                            + shown(QStringList(values.keys()).join(QLatin1Char('|'))));
+                return fail(reader + " reads other keys from a file written anew: " + shown(back.keys().join('|'))
+                            + " instead of " + shown(values.keys().join('|')));
             }
             for (auto it = values.cbegin(); it != values.cend(); ++it) {
                 const QVariant& value = back[it.key()];
@@ -149,17 +152,16 @@ private:
     // Control characters and non-ASCII as escapes, so that a message shows them.
     static QString shown(const QVariant& value)
     {
-        QString text = value.typeId() == QMetaType::QStringList
-            ? QLatin1Char('[') + value.toStringList().join(QLatin1String("][")) + QLatin1Char(']')
-            : value.toString();
+        const QString text = value.typeId() == QMetaType::QStringList ? '[' + value.toStringList().join("][") + ']'
+                                                                       : value.toString();
         QString escaped;
         for (const QChar c : text) {
             if (c.unicode() < 0x20 || c.unicode() > 0x7E)
-                escaped += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
+                escaped += QString("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
             else
                 escaped += c;
         }
-        return QLatin1Char('\'') + escaped + QLatin1Char('\'');
+        return '\'' + escaped + '\'';
     }
 
     static bool fail(const QString& why)
@@ -168,15 +170,6 @@ private:
         return false;
     }
 
-public:
-    void cleanUp()
-    {
-        for (const QString& path : std::as_const(m_paths))
-            QFile::remove(path);
-        m_paths.clear();
-    }
-
-private:
     QDir m_folder;
     int m_files = 0;
     QStringList m_paths;
@@ -185,10 +178,7 @@ private:
 class Mutator
 {
 public:
-    explicit Mutator(quint32 seed)
-        : m_random(seed)
-    {
-    }
+    explicit Mutator(quint32 seed) : m_random(seed) {}
 
     QByteArray next(const std::vector<QByteArray>& corpus)
     {
@@ -238,10 +228,9 @@ void registerKeys(const QString& folder)
 {
     ZelSettings::InitDefaultSettingsValues(ZelSettings::GetApplicationName());
     ZelSettings::InitPageSettingsValues();
-    ZelSettings::RegisterSetting(QStringLiteral("timeout"), QStringLiteral("30"), ZelSettings::ensurePositiveInteger);
-    ZelSettings::RegisterSetting(QStringLiteral("Viewer/showGrid"), QStringLiteral("true"), ZelSettings::ensureBool);
-    ZelSettings::RegisterSetting(QStringLiteral("Viewer/tmpFolder"), folder + QStringLiteral("/tmp"),
-                                 ZelSettings::ensureTmpFolder);
+    ZelSettings::RegisterSetting("timeout", "30", ZelSettings::ensurePositiveInteger);
+    ZelSettings::RegisterSetting("Viewer/showGrid", "true", ZelSettings::ensureBool);
+    ZelSettings::RegisterSetting("Viewer/tmpFolder", folder + "/tmp", ZelSettings::ensureTmpFolder);
 }
 
 } // namespace
@@ -264,24 +253,24 @@ int main(int argc, char** argv)
     quint32 seed = 1;
     QStringList files;
     for (int i = 0; i < arguments.size(); ++i) {
-        if (arguments[i] == QLatin1String("--help") || arguments[i] == QLatin1String("-h")) {
+        if (arguments[i] == "--help" || arguments[i] == "-h") {
             std::cout << "Usage: settings_fuzz [--seconds N] [--seed N] [file...]\n"
                          "Mutates Settings.ini files for --seconds (60 unless given), drawing from\n"
                          "--seed (1 unless given); files given run once each instead. Exits with 1 at\n"
                          "the first input that breaks a rule, kept as settings-fuzz-failure.ini here.\n";
             return 0;
         }
-        if (arguments[i] == QLatin1String("--seconds") && i + 1 < arguments.size())
+        if (arguments[i] == "--seconds" && i + 1 < arguments.size())
             seconds = arguments[++i].toInt();
-        else if (arguments[i] == QLatin1String("--seed") && i + 1 < arguments.size())
+        else if (arguments[i] == "--seed" && i + 1 < arguments.size())
             seed = arguments[++i].toUInt();
         else
             files.append(arguments[i]);
     }
 
     registerKeys(home.path());
-    QDir().mkpath(home.filePath(QStringLiteral("inputs")));
-    Fuzzer fuzzer(home.filePath(QStringLiteral("inputs")));
+    QDir().mkpath(home.filePath("inputs"));
+    Fuzzer fuzzer(home.filePath("inputs"));
     // Corrected ratios are reported on std::cout; the fuzzer's output is its verdict.
     std::ostringstream kernelOutput;
     std::cout.rdbuf(kernelOutput.rdbuf());
@@ -307,7 +296,7 @@ int main(int argc, char** argv)
         const QByteArray input = mutating && index >= std::size(Seeds) ? mutator.next(corpus) : corpus[index];
         ++inputs;
         if (!fuzzer.run(input)) {
-            QFile kept(QStringLiteral("settings-fuzz-failure.ini"));
+            QFile kept("settings-fuzz-failure.ini");
             if (kept.open(QIODevice::WriteOnly))
                 kept.write(input);
             return 1;

@@ -23,21 +23,15 @@ using zel::ZelControlCenter;
 // into `journal`.
 struct FakeEngine : zel::kqDMManager, zel::kqDMRenderer {
     explicit FakeEngine(QStringList& journal) : journal(journal) {}
-    void setMaxCacheSize(unsigned int megabytes) override
-    {
-        journal.append(QStringLiteral("setMaxCacheSize %1").arg(megabytes));
-    }
+    void setMaxCacheSize(unsigned megabytes) override { journal.append(QString("setMaxCacheSize %1").arg(megabytes)); }
     void setSimplificationRatios(std::vector<float>& ratios) override
     {
         QStringList texts;
         for (const float ratio : ratios)
             texts.append(QString::number(ratio));
-        journal.append(QStringLiteral("setSimplificationRatios ") + texts.join('/'));
+        journal.append("setSimplificationRatios " + texts.join('/'));
     }
-    void setTargetTriangles(quint64 triangles) override
-    {
-        journal.append(QStringLiteral("setTargetTriangles %1").arg(triangles));
-    }
+    void setTargetTriangles(quint64 cap) override { journal.append(QString("setTargetTriangles %1").arg(cap)); }
     QStringList& journal;
 };
 
@@ -67,10 +61,7 @@ public:
     zel::kqDMRenderer* getDMRenderer() const override { return viewer ? &engine : nullptr; }
     zel::zelActionManager* getActionManager() override { return viewer ? &actions : nullptr; }
     const std::vector<zel::kqDMPlugin*>& getPluginsList() const override { return plugins; }
-    void setScreenshotImageFolder(const QString& folder) override
-    {
-        kernel.append(QStringLiteral("setScreenshotImageFolder ") + folder);
-    }
+    void setScreenshotImageFolder(const QString& path) override { kernel.append("setScreenshotImageFolder " + path); }
     void setUpdateEngineEnabled(bool enabled) override { engineUpdates.push_back(enabled); }
     // Every pause was followed by a resume: no call at all, or the last one resumed.
     bool engineRuns() const { return engineUpdates.empty() || engineUpdates.back(); }
@@ -82,7 +73,7 @@ public:
     mutable FakeEngine engine {kernel};
     // The viewer's actions; the Display page enables "renderingMode" or not.
     zel::zelActionManager actions;
-    zel::zelAction renderingMode {QStringLiteral("renderingMode"), QStringLiteral("Rendering mode"), &actions};
+    zel::zelAction renderingMode {"renderingMode", "Rendering mode", &actions};
     std::vector<zel::kqDMPlugin*> plugins;
 };
 using Host = FakeApplication::Host;
@@ -188,7 +179,7 @@ struct BoxAnswerer : QTimer {
     {
         connect(this, &QTimer::timeout, this, [this, answer] {
             if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-                seen.append(box->windowTitle() + QStringLiteral(": ") + box->text());
+                seen.append(box->windowTitle() + ": " + box->text());
                 box->button(answer)->click();
             }
         });

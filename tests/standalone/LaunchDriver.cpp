@@ -53,9 +53,9 @@ void answerNext()
         return;
     if (!seen.contains(target)) {
         seen.insert(target);
-        report(QStringLiteral("seen ") + target->windowTitle());
+        report("seen " + target->windowTitle());
         if (const auto* box = qobject_cast<QMessageBox*>(target))
-            report(QStringLiteral("says ") + box->text().replace(QLatin1Char('\n'), QLatin1Char('|')));
+            report("says " + box->text().replace('\n', '|'));
         // Lets the window finish showing before it is answered.
         return;
     }
@@ -67,22 +67,20 @@ void answerNext()
         return;
     }
     const QString answer = answers.takeFirst();
-    if (answer.startsWith(QLatin1String("wait:"))) {
+    if (answer.startsWith("wait:")) {
         waiting = answer.mid(5).toInt();
         return;
     }
-    if (answer == QLatin1String("notice")) {
-        const auto* notice = target->findChild<QWidget*>(QStringLiteral("settingsNotice"));
-        const auto* text = notice ? notice->findChild<QLabel*>(QStringLiteral("noticeText")) : nullptr;
-        report(QStringLiteral("notice ")
-               + (text && notice->isVisible() ? text->text().replace(QLatin1Char('\n'), QLatin1Char('|'))
-                                              : QStringLiteral("none")));
+    if (answer == "notice") {
+        const auto* notice = target->findChild<QWidget*>("settingsNotice");
+        const auto* text = notice ? notice->findChild<QLabel*>("noticeText") : nullptr;
+        report("notice " + (text && notice->isVisible() ? text->text().replace('\n', '|') : QString("none")));
         return;
     }
-    if (answer.startsWith(QLatin1String("click:"))) {
+    if (answer.startsWith("click:")) {
         auto* child = target->findChild<QWidget*>(answer.mid(6));
         if (!child) {
-            report(QStringLiteral("no child ") + answer.mid(6));
+            report("no child " + answer.mid(6));
             return;
         }
         QTest::mouseClick(target->windowHandle(), Qt::LeftButton, {}, child->mapTo(target, child->rect().center()));
@@ -117,6 +115,6 @@ int main(int argc, char** argv)
     int count = int(arguments.size());
     arguments.push_back(nullptr);
     const int result = launch(count, arguments.data());
-    report(QStringLiteral("launch returned %1").arg(result));
+    report(QString("launch returned %1").arg(result));
     return result;
 }
