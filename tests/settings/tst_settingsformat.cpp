@@ -26,7 +26,7 @@ int writeForever(const QString& path)
 {
     for (int round = 0;; ++round) {
         QSettings settings(path, CC::SettingsFormat());
-        settings.setValue(QStringLiteral("big"), QString(1 << 20, round % 2 ? QLatin1Char('b') : QLatin1Char('a')));
+        settings.setValue("big", QString(1 << 20, round % 2 ? 'b' : 'a'));
         settings.sync();
     }
 }
@@ -57,10 +57,7 @@ private Q_SLOTS:
 
 private:
     // A new name for every file: QSettings keeps what it read of a file per name.
-    QString freshPath()
-    {
-        return m_folder.filePath(QStringLiteral("Settings-%1.ini").arg(++m_files));
-    }
+    QString freshPath() { return m_folder.filePath(QString("Settings-%1.ini").arg(++m_files)); }
     QString fileWith(const QByteArray& bytes)
     {
         const QString path = freshPath();
@@ -133,7 +130,6 @@ void SettingsFormatTest::rootSectionInAnyCase_data()
 {
     QTest::addColumn<QByteArray>("contents");
     QTest::addColumn<QStringList>("keys"); // as Qt's reader lists them
-    QTest::newRow("lower case") << QByteArray("[general]\nk=1\n") << QStringList({"k"});
     QTest::newRow("mixed case") << QByteArray("[GeNeral]\nk=1\n[a]\nj=2\n") << QStringList({"a/j", "k"});
     QTest::newRow("blanks around") << QByteArray("[ \tGENERAL\v\f]\nk=1\n") << QStringList({"k"});
     QTest::newRow("percent, any case") << QByteArray("[%GeNeral]\nk=1\n") << QStringList({"GeNeral/k"});
@@ -235,7 +231,6 @@ void SettingsFormatTest::sharedWithQtsOwnFormat_data()
 {
     QTest::addColumn<QString>("key");
     QTest::addColumn<QVariant>("value");
-    QTest::newRow("text") << "a" << QVariant("hello world");
     QTest::newRow("blanks around") << "a" << QVariant(" padded\t");
     QTest::newRow("syntax") << "a" << QVariant("x=1; y, \"z\" #w [s]");
     QTest::newRow("backslashes") << "a" << QVariant("C:\\data\\new\\x41");

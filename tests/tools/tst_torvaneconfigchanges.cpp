@@ -133,13 +133,6 @@ void TorvaneConfigChangesTest::setAndResetKeepTheRest()
         expected.remove(key);
     QCOMPARE(iniValues(iniPath()), expected);
     QCOMPARE(expected.keys(), QStringList({"Caf\u00e9/Men\u00fc", "recentFiles", "settingsVersion"}));
-    // Every group left has a key.
-    const QByteArray written = fileBytes(iniPath());
-    const QList<QByteArray> lines = written.trimmed().split('\n');
-    for (qsizetype line = 0; line < lines.size(); ++line) {
-        if (lines.at(line).startsWith('['))
-            QVERIFY2(line + 1 < lines.size() && !lines.at(line + 1).startsWith('['), written.constData());
-    }
 
     // Nothing stored: nothing written, not even an empty file.
     QVERIFY(QFile::remove(iniPath()));
