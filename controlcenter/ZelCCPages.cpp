@@ -1,10 +1,14 @@
 #include "ZelCCPages_p.h"
 
+#include "ZelFieldMarks.h"
 #include "ZelSettingsPanel.h"
 
 #include <QBoxLayout>
 #include <QButtonGroup>
+#include <QCoreApplication>
+#include <QLabel>
 #include <QPushButton>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -81,10 +85,34 @@ bool ZelCCPages::hasModifications() const
                        [](const ZelSettingsPanel* page) { return page->hasModifications(); });
 }
 
-bool ZelCCPages::canReset() const
+bool ZelCCPages::markPagesAwayFromDefaults()
 {
-    return std::any_of(m_pages.cbegin(), m_pages.cend(),
-                       [](const ZelSettingsPanel* page) { return page->canResetContent(); });
+    bool any = false;
+    for (const ZelSettingsPanel* page : m_pages) {
+        const bool differs = page->canResetContent();
+        any = any || differs;
+        QPushButton* button = page->getActionWidget();
+        if (button->property("differsFromDefault").toBool() == differs)
+            continue;
+        button->setProperty("differsFromDefault", differs);
+        button->style()->unpolish(button);
+        button->style()->polish(button);
+        auto* marker = button->findChild<QLabel*>(QStringLiteral("pageMarker"), Qt::FindDirectChildrenOnly);
+        if (!marker && differs) {
+            // At the button's right end, clear of its text.
+            auto* row = new QHBoxLayout(button);
+            row->setContentsMargins(0, 0, 16, 0);
+            row->addStretch();
+            marker = new QLabel(button);
+            marker->setObjectName(QStringLiteral("pageMarker"));
+            marker->setPixmap(ZelFieldMarks::markerPixmap(button->devicePixelRatioF()));
+            marker->setToolTip(QCoreApplication::translate("ZelControlCenter", "Some values differ from their defaults"));
+            row->addWidget(marker);
+        }
+        if (marker)
+            marker->setVisible(differs);
+    }
+    return any;
 }
 
 bool ZelCCPages::apply()

@@ -31,7 +31,9 @@ public:
     const std::vector<ZelSettingsPanel*>& pages() const;
 
     bool hasModifications() const;
-    bool canReset() const;
+    // True when a page differs from its defaults; such a page's button carries a mark
+    // and the property "differsFromDefault".
+    bool markPagesAwayFromDefaults();
     // Every page applies, whatever an earlier one answered; true when one needs a restart.
     bool apply();
     void reset();

@@ -345,7 +345,7 @@ void ZelControlCenter::onPanelClicked(const QString& pPanelName)
 void ZelControlCenter::onStateChanged()
 {
     m_ui->applyButton->setEnabled(m_settingsWritable && hasModifications());
-    m_ui->resetButton->setEnabled(m_pages->canReset());
+    m_ui->resetButton->setEnabled(m_pages->markPagesAwayFromDefaults());
 }
 
 void ZelControlCenter::onControlCenterWidthFinished()

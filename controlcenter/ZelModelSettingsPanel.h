@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ZelFieldMarks.h"
 #include "ZelSettingsPanel.h"
 
 #include <QAbstractButton>
@@ -9,9 +10,14 @@
 #include <QVariant>
 
 #include <cstddef>
+#include <algorithm>
+#include <array>
 #include <iterator>
+#include <map>
+#include <memory>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 namespace zel {
 
@@ -35,10 +41,17 @@ namespace zel {
 //   void pushToApplication();               take effect at once where the kernel can
 //   bool shouldRestart() const;             asked after the push, before the save
 //   void saveSettingsInternal();            hand every field to writeSetting()
+//   Editors fieldEditors() const;           the widgets that edit each field, in the
+//                                           model's order; a list field shown by one
+//                                           widget per element lists them in order
+// With these the pattern marks every field that differs from its default, offers
+// "Reset to default" per field and tells the control center's search what the page edits.
 template<typename Page, typename Model>
 class ZelModelSettingsPanel : public ZelSettingsPanel
 {
 public:
+    using Editors = std::array<std::vector<QWidget*>, std::tuple_size_v<decltype(Model::Keys)>>;
+
     // Load the stored values; forgets pending edits and emits nothing.
     void initializeWidget() override { loadStored(); }
 
@@ -129,6 +142,17 @@ public:
         Q_EMIT page().stateChanged();
     }
 
+    std::vector<SettingField> settingFields() const override
+    {
+        const Editors editors = page().fieldEditors();
+        std::vector<SettingField> fields;
+        for (std::size_t field = 0; field < editors.size(); ++field) {
+            for (QWidget* editor : editors[field])
+                fields.push_back({QString(Model::Keys[field]), editor});
+        }
+        return fields;
+    }
+
     // Called by a host that saves pages on its own; these pages write in
     // applyModifications(), so there is nothing left to do.
     virtual void saveSettings() {}
@@ -137,6 +161,8 @@ protected:
     ZelModelSettingsPanel(kqDMIApplication* application, QSettings& settings, QWidget* parent,
                           Qt::WindowFlags flags)
         : ZelSettingsPanel(application, settings, parent, flags)
+        , m_marks(std::make_unique<ZelFieldMarks>(this, [this](QWidget* editor) { return defaultText(editor); },
+                                                  [this](QWidget* editor) { resetField(editor); }))
     {
         static_assert(std::tuple_size_v<decltype(std::declval<Model&>().tie())> == std::size(Model::Keys),
                       "a model names one key per field");
@@ -145,15 +171,20 @@ protected:
     // The page's own reset button, which checkContent() keeps in step.
     void setResetButton(QAbstractButton* button) { m_resetButton = button; }
 
-    // The reset button is enabled exactly while the page differs from its defaults.
-    // A button about to be disabled gives up the focus first, so that the keyboard
-    // focus never sits on a dead button.
+    // The reset button is enabled exactly while the page differs from its defaults, and
+    // each field that does is marked. A button about to be disabled gives up the focus
+    // first, so that the keyboard focus never sits on a dead button.
     void checkContent() const
     {
-        const bool resettable = canResetContent();
+        Model defaults;
+        Model current;
+        page().getDefaultSettings(defaults);
+        page().getCurrentModel(current);
+        const bool resettable = !(defaults == current);
         if (!resettable && m_resetButton->hasFocus())
             m_resetButton->clearFocus();
         m_resetButton->setEnabled(resettable);
+        markFields(defaults, current);
     }
 
     // For saveSettingsInternal(): stores `value` under `key` when Apply found a field of
@@ -194,6 +225,92 @@ private:
         visit(Field, std::get<Field>(ties)...);
     }
 
+    // An editor shared by several fields differs when one of them does.
+    void markFields(const Model& defaults, const Model& current) const
+    {
+        const Editors editors = page().fieldEditors();
+        std::map<QWidget*, bool> differs;
+        visitFields(
+            [&editors, &differs](std::size_t field, const auto& defaultValue, const auto& shown) {
+                const std::vector<QWidget*>& fieldEditors = editors[field];
+                for (std::size_t index = 0; index < fieldEditors.size(); ++index)
+                    differs[fieldEditors[index]] |= !sameValue(defaultValue, shown, index, fieldEditors.size());
+            },
+            defaults.tie(), current.tie());
+        for (const auto& [editor, marked] : differs)
+            m_marks->mark(editor, marked);
+    }
+
+    // What `editor` would show for the defaults, read from the widgets themselves so that
+    // units and names are the page's own; the page shows its values again afterwards.
+    QString defaultText(QWidget* editor)
+    {
+        Model defaults;
+        Model current;
+        page().getDefaultSettings(defaults);
+        page().getCurrentModel(current);
+        page().applyModel(defaults);
+        QString text;
+        for (const std::vector<QWidget*>& fieldEditors : page().fieldEditors()) {
+            if (std::find(fieldEditors.cbegin(), fieldEditors.cend(), editor) != fieldEditors.cend()) {
+                text = ZelFieldMarks::shownValue(editor, fieldEditors);
+                break;
+            }
+        }
+        page().applyModel(current);
+        return text;
+    }
+
+    // The fields `editor` shows take their defaults as a pending edit; the others stay.
+    void resetField(QWidget* editor)
+    {
+        Model defaults;
+        Model current;
+        page().getDefaultSettings(defaults);
+        page().getCurrentModel(current);
+        const Editors editors = page().fieldEditors();
+        visitFields(
+            [&editors, editor](std::size_t field, const auto& defaultValue, auto& shown) {
+                const std::vector<QWidget*>& fieldEditors = editors[field];
+                const auto found = std::find(fieldEditors.cbegin(), fieldEditors.cend(), editor);
+                if (found != fieldEditors.cend())
+                    takeDefault(shown, defaultValue, std::size_t(found - fieldEditors.cbegin()), fieldEditors.size());
+            },
+            std::as_const(defaults).tie(), current.tie());
+        page().applyModel(current);
+        checkContent();
+        Q_EMIT page().stateChanged();
+    }
+
+    // A list field shown element by element compares and resets one element per editor.
+    template<typename T>
+    static bool sameValue(const T& left, const T& right, std::size_t, std::size_t)
+    {
+        return left == right;
+    }
+    template<typename T>
+    static bool sameValue(const std::vector<T>& left, const std::vector<T>& right, std::size_t index,
+                          std::size_t editors)
+    {
+        if (left.size() != editors || right.size() != editors)
+            return left == right;
+        return left[index] == right[index];
+    }
+    template<typename T>
+    static void takeDefault(T& value, const T& defaultValue, std::size_t, std::size_t)
+    {
+        value = defaultValue;
+    }
+    template<typename T>
+    static void takeDefault(std::vector<T>& value, const std::vector<T>& defaultValue, std::size_t index,
+                            std::size_t editors)
+    {
+        if (value.size() == editors && defaultValue.size() == editors)
+            value[index] = defaultValue[index];
+        else
+            value = defaultValue;
+    }
+
     static void addKey(QStringList& keys, QLatin1String key)
     {
         if (!keys.contains(key))
@@ -216,6 +333,7 @@ private:
     }
 
     QAbstractButton* m_resetButton = nullptr;
+    const std::unique_ptr<ZelFieldMarks> m_marks;
     // What the settings held when the page last loaded or applied them.
     Model m_baseline {};
     // During a save: the keys writeSetting() may write.

@@ -76,6 +76,11 @@ void ZelSettingsPanel::applyNotWritten()
 {
 }
 
+std::vector<SettingField> ZelSettingsPanel::settingFields() const
+{
+    return {};
+}
+
 kqDMIApplication* ZelSettingsPanel::application() const
 {
     return m_application;

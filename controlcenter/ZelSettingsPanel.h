@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <QWidget>
 
+#include <vector>
+
 class QPushButton;
 class QSettings;
 
@@ -13,6 +15,13 @@ namespace zel {
 
 class kqDMIApplication;
 class zelAction;
+
+// One editable field of a page: the key it is stored under and the widget that edits it.
+struct SettingField
+{
+    QString key;
+    QWidget* editor = nullptr;
+};
 
 // Base of every page of the control center's settings drawer.
 //
@@ -90,6 +99,10 @@ public:
     // settings hold the file's values again: keep the widgets as they are, so that the
     // edits show as pending for another Apply. The base has nothing to keep.
     virtual void applyNotWritten();
+
+    // Called by the control center's search as the user types: the page's editable
+    // fields, each with its key, in the order the page shows them. The base has none.
+    virtual std::vector<SettingField> settingFields() const;
 
 protected:
     kqDMIApplication* application() const;

@@ -264,6 +264,21 @@ void ZelRendererSettingsPanel::applyModel(const EngineModel& model)
     forceGPUMode(!model.useSoftware);
 }
 
+ZelRendererSettingsPanel::Editors ZelRendererSettingsPanel::fieldEditors() const
+{
+    return {{{m_ui->maxCPU3DSpinBox},
+             {m_ui->maxCPURaySpinBox},
+             {m_ui->maxGPUSPinBox},
+             {m_ui->maxTrianglesSpinBox},
+             {m_ui->coreUsedSlider},
+             {m_ui->qualitySlider},
+             {m_ui->sceneUnitComboBox},
+             {m_ui->deferredButton, m_ui->raytracerButton},
+             {m_ui->deferredSSAOCheckBox},
+             {m_ui->deferredFXAACheckBox},
+             {m_ui->deferredEDCheckBox}}};
+}
+
 void ZelRendererSettingsPanel::pushToApplication()
 {
     setTriangleCap(quint64(m_ui->maxTrianglesSpinBox->value()));
@@ -330,12 +345,19 @@ void ZelRendererSettingsPanel::setNbCoresTxt(int cores)
     const QString text = cores < 2 ? QCoreApplication::translate("ZelRendererSettingsPanel", "%1 core")
                                    : QCoreApplication::translate("ZelRendererSettingsPanel", "%1 cores");
     m_ui->coreUsedLabel->setText(text.arg(cores));
+    // What the slider's position means, for the default's tool tip and screen readers.
+    m_ui->coreUsedSlider->setProperty("valueText", m_ui->coreUsedLabel->text());
+    m_ui->coreUsedSlider->setAccessibleDescription(m_ui->coreUsedLabel->text());
 }
 
 void ZelRendererSettingsPanel::setRaytracerQuality(int quality)
 {
-    if (quality >= 0 && quality < int(m_qualityNames.size()))
-        m_ui->qualityLabel->setText(m_qualityNames[std::size_t(quality)]);
+    if (quality < 0 || quality >= int(m_qualityNames.size()))
+        return;
+    const QString& name = m_qualityNames[std::size_t(quality)];
+    m_ui->qualityLabel->setText(name);
+    m_ui->qualitySlider->setProperty("valueText", name);
+    m_ui->qualitySlider->setAccessibleDescription(name);
 }
 
 void ZelRendererSettingsPanel::setTriangleCap(quint64 triangles)

@@ -97,6 +97,7 @@ private:
     void getDefaultSettings(EngineModel& model) const;
     void getCurrentModel(EngineModel& model) const;
     void applyModel(const EngineModel& model);
+    Editors fieldEditors() const;
     void pushToApplication();
     // An engine change needs a restart, unless it returns to the engine the application
     // runs with; in software mode, so does a raytracer change.

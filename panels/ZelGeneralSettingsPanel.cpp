@@ -157,6 +157,11 @@ void ZelGeneralSettingsPanel::getCurrentModel(GeneralModel& model) const
     model.screenshotFolder = m_ui->screenshotFolderButton->toolTip();
 }
 
+ZelGeneralSettingsPanel::Editors ZelGeneralSettingsPanel::fieldEditors() const
+{
+    return {{{m_ui->databaseButton}, {m_ui->screenshotFolderButton}, {m_ui->databaseSpinBox}}};
+}
+
 void ZelGeneralSettingsPanel::applyModel(const GeneralModel& model)
 {
     const QSignalBlocker blocker(m_ui->databaseSpinBox);

@@ -82,6 +82,7 @@ private:
     void getDefaultSettings(GeneralModel& model) const;
     void getCurrentModel(GeneralModel& model) const;
     void applyModel(const GeneralModel& model);
+    Editors fieldEditors() const;
     void pushToApplication();
     void saveSettingsInternal();
     void chooseFolder(QPushButton* button, const QString& title);

@@ -156,6 +156,19 @@ void ZelImportSettingsPanel::getCurrentModel(ImportModel& model) const
     model.maxFaceAngle = m_ui->faceAngleSpin->value();
 }
 
+ZelImportSettingsPanel::Editors ZelImportSettingsPanel::fieldEditors() const
+{
+    const std::vector<QWidget*> quality {m_ui->defaultQuality, m_ui->highQuality, m_ui->lowQuality};
+    return {{{m_ui->faceSagSpin},
+             {m_ui->faceLengthSpin},
+             {m_ui->faceAngleSpin},
+             {m_ui->highQuality, m_ui->lowQuality},
+             quality,
+             {m_ui->defaultSag, m_ui->sag},
+             {m_ui->defaultLength, m_ui->length},
+             {m_ui->defaultAngle, m_ui->angle}}};
+}
+
 void ZelImportSettingsPanel::applyModel(const ImportModel& model)
 {
     m_loadedHighQuality = model.isHighQuality;

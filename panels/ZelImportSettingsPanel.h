@@ -84,6 +84,7 @@ private:
     void getDefaultSettings(ImportModel& model) const;
     void getCurrentModel(ImportModel& model) const;
     void applyModel(const ImportModel& model);
+    Editors fieldEditors() const;
     void pushToApplication() {}
     bool shouldRestart() const { return false; }
     void saveSettingsInternal();

@@ -142,6 +142,12 @@ void ZelSimplificationSettingsPanel::getCurrentModel(SimplificationModel& model)
     model.wellFormed = true;
 }
 
+ZelSimplificationSettingsPanel::Editors ZelSimplificationSettingsPanel::fieldEditors() const
+{
+    const std::vector<QDoubleSpinBox*> boxes = levels();
+    return {{std::vector<QWidget*>(boxes.cbegin(), boxes.cend()), {}}};
+}
+
 void ZelSimplificationSettingsPanel::applyModel(const SimplificationModel& model)
 {
     if (model.ratios.size() != LevelCount)

@@ -73,6 +73,7 @@ private:
     void getDefaultSettings(SimplificationModel& model) const;
     void getCurrentModel(SimplificationModel& model) const;
     void applyModel(const SimplificationModel& model);
+    Editors fieldEditors() const;
     void pushToApplication() { setRatios(); }
     bool shouldRestart() const { return false; }
     void saveSettingsInternal() { saveRatios(); }
