@@ -40,14 +40,10 @@ class SettingsFormatTest : public QObject
 private Q_SLOTS:
     void init();
     void handEditedFileKeepsEveryByte();
-    void newKeysJoinTheirGroup();
     void rootSectionInAnyCase_data();
     void rootSectionInAnyCase();
-    void newKeysBesideGeneralInAnyCase();
-    void emptiedSectionGoes_data();
-    void emptiedSectionGoes();
-    void writtenFileEndsWithLineEnd_data();
-    void writtenFileEndsWithLineEnd();
+    void editsChangeOnlyTheirLines_data();
+    void editsChangeOnlyTheirLines();
     void sharedWithQtsOwnFormat_data();
     void sharedWithQtsOwnFormat();
     void hostileValuesStayText();
@@ -109,23 +105,6 @@ void SettingsFormatTest::handEditedFileKeepsEveryByte()
     QCOMPARE(fileBytes(path), after);
 }
 
-void SettingsFormatTest::newKeysJoinTheirGroup()
-{
-    const QString path = fileWith("top=1\n\n[Display]\nengine=software\n; effects below\n\n[Display/effects]\nfxaa=true");
-    {
-        QSettings settings(path, CC::SettingsFormat());
-        settings.setValue("first", "2");
-        settings.setValue("Display/quality", "high");
-        settings.setValue("Display/effects/ssao", "false");
-        settings.setValue("Logging/logFile", "/tmp/log.txt");
-        settings.setValue("Logging/level", "3");
-        settings.setValue("General/x", "y"); // a group named General, not the root
-    }
-    QCOMPARE(fileBytes(path), "top=1\nfirst=2\n\n[Display]\nengine=software\nquality=high\n; effects below\n\n"
-                              "[Display/effects]\nfxaa=true\nssao=false\n\n[%General]\nx=y\n\n"
-                              "[Logging]\nlevel=3\nlogFile=/tmp/log.txt\n");
-}
-
 void SettingsFormatTest::rootSectionInAnyCase_data()
 {
     QTest::addColumn<QByteArray>("contents");
@@ -154,77 +133,62 @@ void SettingsFormatTest::rootSectionInAnyCase()
     QCOMPARE(QSettings(fileWith(contents), CC::SettingsFormat()).allKeys(), keys);
 }
 
-void SettingsFormatTest::newKeysBesideGeneralInAnyCase()
-{
-    const QString path = fileWith("[GeNeral]\nk=1\n\n[%general]\nj=2\n");
-    {
-        QSettings settings(path, CC::SettingsFormat());
-        settings.setValue("x", "3");
-        settings.setValue("general/y", "4");
-        settings.setValue("GENERAL/z", "5");
-        settings.setValue("a/general/w", "6");
-    }
-    const QByteArray written = fileBytes(path);
-    QCOMPARE(written, "[GeNeral]\nk=1\nx=3\n\n[%general]\nj=2\ny=4\n\n[%GENERAL]\nz=5\n\n[a]\ngeneral\\w=6\n");
-    const QStringList keys({"GENERAL/z", "a/general/w", "general/j", "general/y", "k", "x"});
-    QCOMPARE(QSettings(fileWith(written), QSettings::IniFormat).allKeys(), keys);
-}
-
-void SettingsFormatTest::emptiedSectionGoes_data()
+void SettingsFormatTest::editsChangeOnlyTheirLines_data()
 {
     QTest::addColumn<QByteArray>("contents");
-    QTest::addColumn<QStringList>("removed");
+    QTest::addColumn<QStringList>("edits"); // "key=value" sets the key, "key" removes it
     QTest::addColumn<QByteArray>("expected");
+    const auto row = [](const char* name, const QByteArray& contents, const QStringList& edits,
+                        const QByteArray& expected) { QTest::newRow(name) << contents << edits << expected; };
+    // New keys join their group; a group named General is not the root.
+    row("new keys", "top=1\n\n[Display]\nengine=software\n; effects below\n\n[Display/effects]\nfxaa=true",
+        {"first=2", "Display/quality=high", "Display/effects/ssao=false", "Logging/logFile=/tmp/log.txt",
+         "Logging/level=3", "General/x=y"},
+        "top=1\nfirst=2\n\n[Display]\nengine=software\nquality=high\n; effects below\n\n"
+        "[Display/effects]\nfxaa=true\nssao=false\n\n[%General]\nx=y\n\n[Logging]\nlevel=3\nlogFile=/tmp/log.txt\n");
+    row("new keys beside General in any case", "[GeNeral]\nk=1\n\n[%general]\nj=2\n",
+        {"x=3", "general/y=4", "GENERAL/z=5", "a/general/w=6"},
+        "[GeNeral]\nk=1\nx=3\n\n[%general]\nj=2\ny=4\n\n[%GENERAL]\nz=5\n\n[a]\ngeneral\\w=6\n");
+
+    // An emptied section goes, with the blank line before it.
     const QByteArray three = "[A]\na=1\n\n[B]\nb=1\nc=2\n\n[C]\nc=1\n";
-    QTest::newRow("middle") << three << QStringList({"B/b", "B/c"}) << QByteArray("[A]\na=1\n\n[C]\nc=1\n");
-    QTest::newRow("last") << three << QStringList({"C/c"}) << QByteArray("[A]\na=1\n\n[B]\nb=1\nc=2\n");
-    QTest::newRow("one key of two") << three << QStringList({"B/c"}) << QByteArray("[A]\na=1\n\n[B]\nb=1\n\n[C]\nc=1\n");
-    QTest::newRow("every key") << three << QStringList({""}) << QByteArray();
-    QTest::newRow("keys before any section") << QByteArray("top=1\n\n[A]\na=1\n") << QStringList({"top"})
-                                             << QByteArray("[A]\na=1\n");
-    QTest::newRow("comment of a section") << QByteArray("[A]\na=1\n\n[B]\n; chosen by hand\nb=1\n")
-                                          << QStringList({"B/b"}) << QByteArray("[A]\na=1\n\n[B]\n; chosen by hand\n");
-    QTest::newRow("comment above everything") << QByteArray("; Torvane\n\n[A]\na=1\n") << QStringList({""})
-                                              << QByteArray("; Torvane\n");
-    QTest::newRow("empty by hand") << QByteArray("[A]\n\n[B]\nb=1\n[C]\n") << QStringList({"B/b"})
-                                   << QByteArray("[A]\n\n[C]\n");
-    QTest::newRow("written twice") << QByteArray("[A]\na=1\n[B]\nb=1\n[A]\nc=1\n") << QStringList({"A/a"})
-                                   << QByteArray("[B]\nb=1\n[A]\nc=1\n");
-    QTest::newRow("line ends of Windows") << QByteArray("[A]\r\na=1\r\n\r\n[B]\r\nb=1\r\n") << QStringList({"B"})
-                                          << QByteArray("[A]\r\na=1\r\n");
+    row("middle section emptied", three, {"B/b", "B/c"}, "[A]\na=1\n\n[C]\nc=1\n");
+    row("last section emptied", three, {"C/c"}, "[A]\na=1\n\n[B]\nb=1\nc=2\n");
+    row("one key of two", three, {"B/c"}, "[A]\na=1\n\n[B]\nb=1\n\n[C]\nc=1\n");
+    row("every key", three, {""}, "");
+    row("keys before any section", "top=1\n\n[A]\na=1\n", {"top"}, "[A]\na=1\n");
+    row("comment of a section", "[A]\na=1\n\n[B]\n; by hand\nb=1\n", {"B/b"}, "[A]\na=1\n\n[B]\n; by hand\n");
+    row("comment above everything", "; Torvane\n\n[A]\na=1\n", {""}, "; Torvane\n");
+    row("empty by hand", "[A]\n\n[B]\nb=1\n[C]\n", {"B/b"}, "[A]\n\n[C]\n");
+    row("section written twice", "[A]\na=1\n[B]\nb=1\n[A]\nc=1\n", {"A/a"}, "[B]\nb=1\n[A]\nc=1\n");
+    row("section, line ends of Windows", "[A]\r\na=1\r\n\r\n[B]\r\nb=1\r\n", {"B"}, "[A]\r\na=1\r\n");
+
+    // The file written ends with a line end.
+    row("changed last line", "a=1\nb=2", {"b=3"}, "a=1\nb=3\n");
+    row("last line, line ends of Windows", "a=1\r\nb=2", {"b=3"}, "a=1\r\nb=3\r\n");
+    row("unchanged comment last", "b=2\n; end", {"b=3"}, "b=3\n; end\n");
+    row("comment with a comma", "b=2 ; 1, 2", {"b=3"}, "b=3 ; 1, 2\n");
 }
 
-void SettingsFormatTest::emptiedSectionGoes()
+void SettingsFormatTest::editsChangeOnlyTheirLines()
 {
     QFETCH(QByteArray, contents);
-    QFETCH(QStringList, removed);
+    QFETCH(QStringList, edits);
     QFETCH(QByteArray, expected);
     const QString path = fileWith(contents);
     {
         QSettings settings(path, CC::SettingsFormat());
-        for (const QString& key : removed)
-            settings.remove(key);
+        for (const QString& edit : edits) {
+            if (edit.contains('='))
+                settings.setValue(edit.section('=', 0, 0), edit.section('=', 1));
+            else
+                settings.remove(edit);
+        }
     }
     QCOMPARE(fileBytes(path), expected);
-}
-
-void SettingsFormatTest::writtenFileEndsWithLineEnd_data()
-{
-    QTest::addColumn<QByteArray>("contents");
-    QTest::addColumn<QByteArray>("expected"); // after "b" is set to 3
-    QTest::newRow("changed last line") << QByteArray("a=1\nb=2") << QByteArray("a=1\nb=3\n");
-    QTest::newRow("line ends of Windows") << QByteArray("a=1\r\nb=2") << QByteArray("a=1\r\nb=3\r\n");
-    QTest::newRow("unchanged comment last") << QByteArray("b=2\n; end") << QByteArray("b=3\n; end\n");
-    QTest::newRow("comment with a comma") << QByteArray("b=2 ; 1, 2") << QByteArray("b=3 ; 1, 2\n");
-}
-
-void SettingsFormatTest::writtenFileEndsWithLineEnd()
-{
-    QFETCH(QByteArray, contents);
-    QFETCH(QByteArray, expected);
-    const QString path = fileWith(contents);
-    QSettings(path, CC::SettingsFormat()).setValue("b", "3");
-    QCOMPARE(fileBytes(path), expected);
+    // Both programs sharing the file see the same keys in it.
+    QCOMPARE(QSettings(fileWith(expected), QSettings::IniFormat).allKeys(),
+             QSettings(fileWith(expected), CC::SettingsFormat()).allKeys());
 }
 
 void SettingsFormatTest::sharedWithQtsOwnFormat_data()
