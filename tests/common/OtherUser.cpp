@@ -25,9 +25,7 @@ void OtherUser::prepare(QProcess& process, const TestHome& home) const
     process.setProcessEnvironment(environment);
     if (uid == geteuid())
         return;
-    const uid_t user = uid;
-    const gid_t group = gid;
-    process.setChildProcessModifier([user, group] {
+    process.setChildProcessModifier([user = uid, group = gid] {
         if (setgid(group) != 0 || setuid(user) != 0)
             _exit(126);
     });

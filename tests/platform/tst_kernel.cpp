@@ -1,4 +1,5 @@
 // The stand-alone kernel where a user of the editor meets it.
+#include "SettingsFiles.h"
 #include "TestHome.h"
 
 #include "MTLogger.h"
@@ -6,7 +7,6 @@
 #include "kqMovableObject.h"
 #include "kqSystem.h"
 
-#include <QFile>
 #include <QRegularExpression>
 #include <QTest>
 #include <QWidget>
@@ -33,12 +33,6 @@ struct Recording
     ~Recording() { MTLogger::UninstallFileHandler(); qInstallMessageHandler(before); }
     QtMessageHandler before = qInstallMessageHandler(record);
 };
-
-QString readLog(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
 
 } // namespace
 
@@ -139,7 +133,7 @@ void tst_Kernel::logFilter()
     qWarning("message-warning");
     qCritical("message-critical");
     MTLogger::UninstallFileHandler();
-    const QString log = readLog(path);
+    const QString log = QString::fromUtf8(fileBytes(path));
     for (const QString type : {"debug", "info", "warning", "critical"})
         QVERIFY2(log.contains(u'[' + type + u"] message-"_s + type) == written.contains(type), qPrintable(type));
     // The file filter never decides what the handler before sees.
@@ -165,7 +159,7 @@ void tst_Kernel::logFile()
     qWarning("after uninstall");
     QCOMPARE(s_forwarded, (QStringList {u"earlier"_s, u"caf\u00e9 42"_s, u"after uninstall"_s}));
 
-    const QStringList lines = readLog(path).split(u'\n', Qt::SkipEmptyParts);
+    const QStringList lines = QString::fromUtf8(fileBytes(path)).split(u'\n', Qt::SkipEmptyParts);
     QCOMPARE(lines.size(), 2);
     static const QRegularExpression line(QRegularExpression::anchoredPattern(
         u"\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\.\\d{3} \\[warning\\] caf\u00e9 42"_s));
