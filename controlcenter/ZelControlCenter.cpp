@@ -4,18 +4,21 @@
 #include "ZelCCActionColumn_p.h"
 #include "ZelCCClickGuard_p.h"
 #include "ZelCCPages_p.h"
+#include "ZelCCSearch_p.h"
 #include "ZelCCSlide_p.h"
 #include "ZelSettingsPanel.h"
 #include "kqDMIApplication.h"
 #include "kqMessageBox.h"
 #include "zelAction.h"
 
+#include <QApplication>
 #include <QColor>
 #include <QCoreApplication>
 #include <QIcon>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QShortcut>
 
 #include <algorithm>
 
@@ -29,6 +32,16 @@ static void releaseControlCenterResources()
 namespace zel {
 
 namespace {
+
+// The page `widget` sits on, if any.
+ZelSettingsPanel* pageHolding(QWidget* widget)
+{
+    for (; widget; widget = widget->parentWidget()) {
+        if (auto* page = qobject_cast<ZelSettingsPanel*>(widget))
+            return page;
+    }
+    return nullptr;
+}
 
 QString modificationTitle()
 {
@@ -56,9 +69,17 @@ ZelControlCenter::ZelControlCenter(kqDMIApplication* application, QWidget* paren
     // The form would translate under its own name; the library's texts live under "ZelControlCenter".
     m_ui->controlCenterButton->setText(QCoreApplication::translate("ZelControlCenter", "Application Settings"));
     m_ui->resetButton->setText(QCoreApplication::translate("ZelControlCenter", "Reset"));
-    m_ui->resetButton->setToolTip(QCoreApplication::translate("ZelControlCenter", "Resets all parameters"));
     m_ui->applyButton->setText(QCoreApplication::translate("ZelControlCenter", "Apply"));
-    m_ui->applyButton->setToolTip(QCoreApplication::translate("ZelControlCenter", "Applies your changes"));
+    // Alt and a letter, as dialog buttons have them, so a host's own Ctrl shortcuts stay its own.
+    const auto withShortcut = [](QAbstractButton* button, const QString& toolTip, QKeyCombination keys) {
+        button->setShortcut(keys);
+        button->setToolTip(toolTip + QStringLiteral(" (") + button->shortcut().toString(QKeySequence::NativeText)
+                           + QLatin1Char(')'));
+    };
+    withShortcut(m_ui->resetButton, QCoreApplication::translate("ZelControlCenter", "Resets all parameters"),
+                 Qt::ALT | Qt::Key_R);
+    withShortcut(m_ui->applyButton, QCoreApplication::translate("ZelControlCenter", "Applies your changes"),
+                 Qt::ALT | Qt::Key_A);
 
     // Items, page buttons and pages stack from the top of frames that fill their column.
     m_ui->verticalLayout->setAlignment(Qt::AlignTop);
@@ -67,22 +88,29 @@ ZelControlCenter::ZelControlCenter(kqDMIApplication* application, QWidget* paren
 
     // The drawer slides by its width; the host lays it out beside this widget, which
     // takes it out of reach of this widget's style sheet, so it carries its own.
-    m_drawer = m_ui->settingsScrollArea;
-    m_ui->horizontalLayout_30->removeWidget(m_drawer);
-    m_drawer->setStyleSheet(styleSheet);
+    m_drawerScroll = m_ui->settingsScrollArea;
+    m_ui->horizontalLayout_30->removeWidget(m_drawerScroll);
+    m_drawer = new QWidget;
+    m_drawer->setObjectName(QStringLiteral("settingsDrawer"));
+    m_pages = std::make_unique<ZelCCPages>(m_ui->verticalLayout_6, m_ui->verticalLayout_8);
+    m_search = std::make_unique<ZelCCSearch>(m_drawer, m_drawerScroll, m_pages->pages());
+    m_drawer->setStyleSheet(styleSheet + kqDMIApplication::GetStylesheet(QStringLiteral("ZelCCSearch")));
     m_ui->controlCenterButton->setChecked(false);
     m_drawer->hide();
+    auto* find = new QShortcut(QKeySequence::Find, this);
+    find->setContext(Qt::WindowShortcut);
+    connect(find, &QShortcut::activated, this, &ZelControlCenter::findSetting);
+    connect(qApp, &QApplication::focusChanged, this, &ZelControlCenter::followFocus);
 
     m_actionColumn = std::make_unique<ZelCCActionColumn>(m_ui->verticalLayout, this);
     connect(m_actionColumn.get(), &ZelCCActionColumn::closingActionTriggered, this, &ZelControlCenter::closeMenu);
 
-    QScrollBar* scrollBar = m_drawer->verticalScrollBar();
+    QScrollBar* scrollBar = m_drawerScroll->verticalScrollBar();
     m_slide = std::make_unique<ZelCCSlide>(this, scrollBar, application);
     connect(m_slide.get(), &ZelCCSlide::menuArrived, this, &ZelControlCenter::onControlCenterWidthFinished);
     connect(m_slide.get(), &ZelCCSlide::drawerArrived, this, &ZelControlCenter::onSettingsWidthFinished);
     connect(scrollBar, &QScrollBar::valueChanged, this, &ZelControlCenter::onScrollBarValueChanged);
 
-    m_pages = std::make_unique<ZelCCPages>(m_ui->verticalLayout_6, m_ui->verticalLayout_8);
     connect(m_pages.get(), &ZelCCPages::stateChanged, this, &ZelControlCenter::onStateChanged);
     connect(m_pages.get(), &ZelCCPages::pageClicked, this, &ZelControlCenter::onPanelClicked);
 
@@ -106,12 +134,12 @@ ZelControlCenter::~ZelControlCenter()
     // Pages belong to whoever created them: hand them back before the drawer goes.
     while (!m_pages->pages().empty())
         unregisterSettingsPanel(m_pages->pages().front(), true);
-    if (m_drawer) {
+    if (m_drawerScroll) {
         // Tearing the drawer down moves its scroll bar; nothing of ours may react.
-        disconnect(m_drawer->verticalScrollBar(), &QScrollBar::valueChanged, this,
+        disconnect(m_drawerScroll->verticalScrollBar(), &QScrollBar::valueChanged, this,
                    &ZelControlCenter::onScrollBarValueChanged);
-        delete m_drawer.data();
     }
+    delete m_drawer.data();
     unregisterCCAction(m_settingsAction.get());
     m_settingsAction.reset();
     m_ui.reset();
@@ -203,7 +231,7 @@ void ZelControlCenter::setSettingsWidth(int width)
     m_drawer->setMinimumWidth(width);
     m_drawer->setMaximumWidth(width);
 
-    const QScrollBar* scrollBar = m_drawer->verticalScrollBar();
+    const QScrollBar* scrollBar = m_drawerScroll->verticalScrollBar();
     const int contentWidth = std::max(0, width - (scrollBar->isVisible() ? scrollBar->width() : 0));
     m_ui->settingsContent->setMinimumWidth(contentWidth);
     m_ui->settingsContent->setMaximumWidth(contentWidth);
@@ -372,14 +400,25 @@ void ZelControlCenter::onScrollBarValueChanged(int value)
     if (m_slide->isScrolling())
         return;
 
+    // The page holding the focus stays highlighted while any of it is in sight.
     QWidget* content = m_ui->settingsContent;
-    for (QWidget* widget = content->childAt(10, value + 10); widget && widget != content;
-         widget = widget->parentWidget()) {
-        if (const auto* panel = qobject_cast<ZelSettingsPanel*>(widget)) {
-            panel->getActionWidget()->setChecked(true);
+    if (const ZelSettingsPanel* focused = pageHolding(QApplication::focusWidget())) {
+        const QRect inSight(0, value, content->width(), m_drawerScroll->viewport()->height());
+        if (focused->geometry().translated(focused->parentWidget()->mapTo(content, QPoint())).intersects(inSight)) {
+            focused->getActionWidget()->setChecked(true);
             return;
         }
     }
+    if (const ZelSettingsPanel* panel = pageHolding(content->childAt(10, value + 10)))
+        panel->getActionWidget()->setChecked(true);
+}
+
+void ZelControlCenter::followFocus(QWidget*, QWidget* now)
+{
+    const ZelSettingsPanel* page = pageHolding(now);
+    const auto& pages = m_pages->pages();
+    if (page && std::find(pages.cbegin(), pages.cend(), page) != pages.cend())
+        page->getActionWidget()->setChecked(true);
 }
 
 void ZelControlCenter::closeMenu()
@@ -414,6 +453,13 @@ void ZelControlCenter::ensureSettingVisible(QWidget* widget)
 void ZelControlCenter::resetControlCenter()
 {
     m_pages->reset();
+}
+
+void ZelControlCenter::findSetting()
+{
+    if (!m_settingsOpen && !m_drawer->isVisible())
+        setControlCenterVisible(true);
+    m_search->focus();
 }
 
 bool ZelControlCenter::confirmDiscard() const

@@ -26,6 +26,7 @@ class zelAction;
 class ZelCCActionColumn;
 class ZelCCClickGuard;
 class ZelCCPages;
+class ZelCCSearch;
 class ZelCCSlide;
 class ZelSettingsPanel;
 
@@ -132,6 +133,10 @@ protected:
 private:
     Q_DISABLE_COPY_MOVE(ZelControlCenter)
 
+    // The page holding the keyboard focus is the one highlighted in the menu column.
+    void followFocus(QWidget* previous, QWidget* now);
+    // Ctrl+F: opens the drawer where needed and puts the keyboard in the search field.
+    void findSetting();
     // Asks before pending edits are dropped (only inside the viewer); true to go on.
     bool confirmDiscard() const;
 
@@ -140,13 +145,16 @@ private:
     std::unique_ptr<ZelCCPages> m_pages;
     std::unique_ptr<ZelCCActionColumn> m_actionColumn;
     std::unique_ptr<ZelCCClickGuard> m_clickGuard;
+    std::unique_ptr<ZelCCSearch> m_search;
     // Also a child, so that its animations are among this widget's children. It must go
     // before QWidget's destructor, whose destroyed() stops the menu's slide halfway.
     std::unique_ptr<ZelCCSlide> m_slide;
     kqDMIApplication* m_application = nullptr;
     QPointer<QPushButton> m_controlCenterButton;
-    // Owned, but a host tearing down may delete it along with its own layout.
-    QPointer<QScrollArea> m_drawer;
+    // Owned, but a host tearing down may delete it along with its own layout: the search
+    // field above the scroll area that stacks the pages.
+    QPointer<QWidget> m_drawer;
+    QPointer<QScrollArea> m_drawerScroll;
     bool m_menuOpen = false;
     bool m_settingsOpen = false;
     bool m_settingsWritable = true;

@@ -31,19 +31,6 @@ QString marksText(const char* text)
     return QCoreApplication::translate("ZelFieldMarks", text);
 }
 
-// The label naming the editor beside it, where its form gives it one.
-QWidget* labelOf(QWidget* editor)
-{
-    QWidget* parent = editor->parentWidget();
-    if (!parent)
-        return nullptr;
-    for (QLabel* label : parent->findChildren<QLabel*>(Qt::FindDirectChildrenOnly)) {
-        if (label->buddy() == editor)
-            return label;
-    }
-    return nullptr;
-}
-
 void repolish(QWidget* widget)
 {
     widget->style()->unpolish(widget);
@@ -69,7 +56,7 @@ public:
     // Left of the field's label, or of the field where it names itself.
     void place()
     {
-        const QWidget* label = labelOf(m_editor);
+        const QWidget* label = ZelFieldMarks::labelOf(m_editor);
         const QWidget* anchor = label && label->isVisibleTo(parentWidget()) ? label : m_editor;
         const int left = anchor->mapTo(parentWidget(), QPoint(0, 0)).x() - MarkerSize - MarkerGap;
         const int middle = m_editor->mapTo(parentWidget(), QPoint(0, m_editor->height() / 2)).y();
@@ -143,6 +130,18 @@ void ZelFieldMarks::showMarker(QWidget* editor, ZelFieldMarker* marker) const
     marker->place();
     marker->setVisible(m_differs.at(editor) && editor->isVisibleTo(m_page)
                        && (!radio || radio->isChecked()));
+}
+
+QWidget* ZelFieldMarks::labelOf(const QWidget* editor)
+{
+    const QWidget* parent = editor->parentWidget();
+    if (!parent)
+        return nullptr;
+    for (QLabel* label : parent->findChildren<QLabel*>(Qt::FindDirectChildrenOnly)) {
+        if (label->buddy() == editor)
+            return label;
+    }
+    return nullptr;
 }
 
 QPixmap ZelFieldMarks::markerPixmap(qreal devicePixelRatio)

@@ -38,6 +38,9 @@ public:
     void watch(QWidget* editor);
     void mark(QWidget* editor, bool differs);
 
+    // The label naming `editor` beside it (its buddy), where its form gives it one.
+    static QWidget* labelOf(const QWidget* editor);
+
     // The mark's picture, for other places that show a value differs from its default.
     static QPixmap markerPixmap(qreal devicePixelRatio);
 

@@ -70,7 +70,7 @@ private Q_SLOTS:
 
         // A page button scrolls its page to the top, or as far as it goes, and stays checked;
         // scrolling by hand checks the page at the top.
-        QScrollBar* scrollBar = static_cast<QScrollArea*>(cc->settingsWidget())->verticalScrollBar();
+        QScrollBar* scrollBar = part<QScrollArea>(cc->settingsWidget(), "settingsScrollArea")->verticalScrollBar();
         const QWidget* content = part(cc->settingsWidget(), "settingsContent");
         QTRY_VERIFY(scrollBar->maximum() > b.mapTo(content, QPoint()).y());
         b.getActionWidget()->click();

@@ -1,0 +1,157 @@
+#include "ZelCCSearch_p.h"
+
+#include "ZelFieldMarks.h"
+#include "ZelSettingsPanel.h"
+
+#include <QAbstractButton>
+#include <QBoxLayout>
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QScrollArea>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace zel {
+
+namespace {
+
+// Room above the first match, so that its page's title stays in sight.
+constexpr int ScrollMargin = 48;
+
+QString searchText(const char* text)
+{
+    return QCoreApplication::translate("ZelControlCenter", text);
+}
+
+// What the user reads of a widget, without the mnemonic's ampersand.
+QString readable(const QWidget* widget)
+{
+    QString text;
+    if (const auto* label = qobject_cast<const QLabel*>(widget))
+        text = label->text();
+    else if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
+        text = button->text();
+    text.remove(QLatin1Char('&'));
+    return text + QLatin1Char('\n') + widget->toolTip();
+}
+
+bool matches(const SettingField& field, const QString& text)
+{
+    if (field.key.contains(text, Qt::CaseInsensitive) || readable(field.editor).contains(text, Qt::CaseInsensitive))
+        return true;
+    const QWidget* label = ZelFieldMarks::labelOf(field.editor);
+    return label && readable(label).contains(text, Qt::CaseInsensitive);
+}
+
+void setHighlighted(QWidget* widget, bool highlighted)
+{
+    if (widget->property("searchMatch").toBool() == highlighted)
+        return;
+    widget->setProperty("searchMatch", highlighted);
+    const bool text = qobject_cast<QLabel*>(widget) || qobject_cast<QRadioButton*>(widget)
+                      || qobject_cast<QCheckBox*>(widget);
+    if (!highlighted)
+        widget->setStyleSheet(QString());
+    else if (text)
+        widget->setStyleSheet(QStringLiteral("background-color: rgb(255, 214, 102); color: rgb(27, 27, 36);"));
+    else
+        widget->setStyleSheet(QStringLiteral("border: 2px solid rgb(255, 179, 0);"));
+}
+
+} // namespace
+
+ZelCCSearch::ZelCCSearch(QWidget* drawer, QScrollArea* scrollArea, const std::vector<ZelSettingsPanel*>& pages)
+    : m_pages(pages)
+    , m_scrollArea(scrollArea)
+    , m_field(new QLineEdit(drawer))
+    , m_noMatch(new QLabel(searchText(QT_TRANSLATE_NOOP("ZelControlCenter", "No setting matches")), drawer))
+{
+    m_field->setObjectName(QStringLiteral("settingsSearch"));
+    m_field->setPlaceholderText(searchText(QT_TRANSLATE_NOOP("ZelControlCenter", "Find a setting")));
+    m_field->setClearButtonEnabled(true);
+    m_field->setAccessibleName(searchText(QT_TRANSLATE_NOOP("ZelControlCenter", "Find a setting")));
+    m_field->installEventFilter(this);
+    m_noMatch->setObjectName(QStringLiteral("noSettingMatches"));
+    m_noMatch->hide();
+
+    // Aligned with the pages below, clear of the scroll bar.
+    auto* searchRow = new QVBoxLayout;
+    searchRow->setContentsMargins(8, 8, 12, 0);
+    searchRow->setSpacing(0);
+    searchRow->addWidget(m_field);
+    searchRow->addWidget(m_noMatch);
+    auto* layout = new QVBoxLayout(drawer);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addLayout(searchRow);
+    layout->addWidget(scrollArea);
+    connect(m_field, &QLineEdit::textChanged, this, &ZelCCSearch::search);
+}
+
+ZelCCSearch::~ZelCCSearch() = default;
+
+QLineEdit* ZelCCSearch::field() const
+{
+    return m_field;
+}
+
+void ZelCCSearch::focus()
+{
+    m_field->setFocus(Qt::ShortcutFocusReason);
+    m_field->selectAll();
+}
+
+bool ZelCCSearch::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched != m_field || event->type() != QEvent::KeyPress)
+        return false;
+    if (static_cast<const QKeyEvent*>(event)->key() != Qt::Key_Escape || m_field->text().isEmpty())
+        return false;
+    m_field->clear();
+    return true;
+}
+
+void ZelCCSearch::search(const QString& typed)
+{
+    const QString text = typed.trimmed();
+    for (QWidget* widget : m_matches)
+        setHighlighted(widget, false);
+    m_matches.clear();
+
+    int firstMatch = -1;
+    for (ZelSettingsPanel* page : m_pages) {
+        bool pageMatches = false;
+        if (!text.isEmpty()) {
+            for (const SettingField& field : page->settingFields()) {
+                if (!field.editor->isVisibleTo(page) || !matches(field, text))
+                    continue;
+                pageMatches = true;
+                for (QWidget* widget : {field.editor, ZelFieldMarks::labelOf(field.editor)}) {
+                    if (widget && std::find(m_matches.cbegin(), m_matches.cend(), widget) == m_matches.cend()) {
+                        setHighlighted(widget, true);
+                        m_matches.push_back(widget);
+                    }
+                }
+            }
+        }
+        page->setVisible(text.isEmpty() || pageMatches);
+    }
+    m_noMatch->setVisible(!text.isEmpty() && m_matches.empty());
+    if (m_matches.empty())
+        return;
+
+    // Pages folded away only move the others once the layouts have run.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    const QWidget* content = m_scrollArea->widget();
+    for (const QWidget* widget : m_matches)
+        firstMatch = firstMatch < 0 ? widget->mapTo(content, QPoint()).y()
+                                    : std::min(firstMatch, widget->mapTo(content, QPoint()).y());
+    m_scrollArea->verticalScrollBar()->setValue(std::max(0, firstMatch - ScrollMargin));
+}
+
+} // namespace zel
