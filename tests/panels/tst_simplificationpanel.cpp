@@ -95,11 +95,8 @@ private Q_SLOTS:
         QFETCH(QString, typed);
         QFETCH(Levels, after);
         SimplificationPage simplification("1/0.75/0.5/0.25/0.1");
-        QSignalSpy changed(simplification.page, SIGNAL(stateChanged()));
         simplification.edit({typed});
         QCOMPARE(simplification.shown(), after);
-        QVERIFY(changed.count() > 0);
-        QVERIFY(simplification.page->hasModifications());
     }
 };
 

@@ -191,7 +191,6 @@ void SettingsTest::pageDefaults()
 {
     CC::InitDefaultSettingsValues(CC::GetApplicationName());
     CC::InitPageSettingsValues();
-    QCOMPARE(CC::GetSettingsFile(CC::GetApplicationName()), m_home.configPath() + "/TorvaneBoundlessX64/Settings.ini");
     QCOMPARE(CC::GetDefaultSettingsValue("screenshot/ImageFolder"), m_home.path() + "/home/Pictures/Torvane");
     QCOMPARE(CC::GetDefaultSettingsValue("raytracer/coreNumber"), QString::number(QThread::idealThreadCount()));
 
