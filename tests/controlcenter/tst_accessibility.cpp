@@ -1,0 +1,146 @@
+// The stand-alone window with every page, on a Settings.ini for each engine, as a user
+// meets it: every field named, every text readable, the keyboard focus in sight.
+
+#include "SettingsFiles.h"
+#include "TestHome.h"
+#include "ZelControlCenter.h"
+#include "ZelControlCenterStandAloneWidget.h"
+#include "ZelSettingsApplication.h"
+
+#include <QAbstractButton>
+#include <QAbstractSpinBox>
+#include <QAccessible>
+#include <QComboBox>
+#include <QScrollArea>
+#include <QTest>
+
+#include <cmath>
+#include <map>
+#include <memory>
+
+using namespace zel;
+
+// WCAG's contrast ratio of two colours.
+static double contrast(const QColor& a, const QColor& b)
+{
+    const auto luminance = [](const QColor& c) {
+        const auto linear = [](double v) { return v <= 0.03928 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4); };
+        return 0.2126 * linear(c.redF()) + 0.7152 * linear(c.greenF()) + 0.0722 * linear(c.blueF());
+    };
+    const double first = luminance(a), second = luminance(b);
+    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+}
+
+class tst_accessibility : public QObject
+{
+    Q_OBJECT
+
+    TestHome m_home;
+    std::unique_ptr<ZelSettingsApplication> m_application;
+    std::unique_ptr<ZelControlCenterStandAloneWidget> m_window;
+
+    // What the user can reach: shown and enabled.
+    QList<QWidget*> reachable() const
+    {
+        QList<QWidget*> widgets = m_window->findChildren<QWidget*>();
+        widgets.removeIf([](const QWidget* w) { return !w->isVisible() || !w->isEnabled(); });
+        return widgets;
+    }
+
+    // The colour most pixels of the widget have as it is drawn, on what is under it. A
+    // scroll area's content is drawn whole, so that text scrolled out of sight counts too.
+    QColor background(QWidget* widget) const
+    {
+        QWidget* canvas = m_window.get();
+        for (QWidget* w = widget; w->parentWidget(); w = w->parentWidget())
+            canvas = qobject_cast<QScrollArea*>(w->parentWidget()->parentWidget()) ? w : canvas;
+        QRect area = widget->rect();
+        for (QWidget* w = widget; w != canvas; w = w->parentWidget())
+            area = area.translated(w->pos()) & w->parentWidget()->rect();
+        const QImage image = canvas->grab(area).toImage();
+        std::map<QRgb, int> counts;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                ++counts[image.pixel(x, y)];
+        return QColor(std::max_element(counts.begin(), counts.end(), [](auto a, auto b) { return a.second < b.second; })
+                          ->first);
+    }
+
+private Q_SLOTS:
+    void initTestCase_data()
+    {
+        QTest::addColumn<QByteArray>("engine");
+        QTest::newRow("GPU") << QByteArray("deferred");
+        QTest::newRow("software") << QByteArray("software");
+    }
+
+    void init()
+    {
+        QFETCH_GLOBAL(QByteArray, engine);
+        QVERIFY(writeBytes(m_home.configPath() + "/Settings.ini", "settingsVersion=2\nengine=" + engine + '\n'));
+        m_application = std::make_unique<ZelSettingsApplication>(m_home.configPath());
+        ZelControlCenter::InitDefaultSettingsValues(ZelControlCenter::GetApplicationName());
+        ZelControlCenter::InitPageSettingsValues();
+        QString error;
+        QVERIFY2(ZelControlCenter::EnsureSettings(m_application->getSettings(), error), qPrintable(error));
+        m_window = std::make_unique<ZelControlCenterStandAloneWidget>(m_application.get(), nullptr,
+                                                                      Qt::FramelessWindowHint);
+        m_window->show();
+        m_window->openMenu();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        QTRY_VERIFY(m_window->controlCenter() && m_window->controlCenter()->isSettingsOpen());
+    }
+
+    void cleanup()
+    {
+        m_window.reset();
+        m_application.reset();
+        ZelControlCenter::ClearSettingsValues();
+    }
+
+    void everyFieldIsNamed()
+    {
+        int fields = 0;
+        for (QWidget* w : reachable()) {
+            const auto* button = qobject_cast<QAbstractButton*>(w);
+            if ((button && button->isCheckable()) || w->inherits("QAbstractSpinBox") || w->inherits("QSlider")
+                || w->inherits("QComboBox")) {
+                ++fields;
+                QVERIFY2(!QAccessible::queryAccessibleInterface(w)->text(QAccessible::Name).isEmpty(),
+                         qPrintable(w->objectName()));
+            }
+        }
+        QVERIFY(fields > 10);
+    }
+
+    void everyTextIsReadable()
+    {
+        for (QWidget* w : reachable()) {
+            // Labels, buttons and line edits (a spin box's too) say "text", a combo box "currentText".
+            const QString shown = w->property(qobject_cast<QComboBox*>(w) ? "currentText" : "text").toString();
+            if (shown.isEmpty() || qobject_cast<QAbstractSpinBox*>(w))
+                continue;
+            const QColor text = w->palette().color(w->foregroundRole()), ground = background(w);
+            QVERIFY2(contrast(text, ground) >= 4.5,
+                     qPrintable(QStringLiteral("%1: %2 on %3").arg(shown, text.name(), ground.name())));
+        }
+    }
+
+    // Tab after Tab through the window, as a user looks for the field.
+    void focusIsSeen()
+    {
+        for (const char* name : {"databaseSpinBox", "qualitySlider"}) {
+            auto* field = m_window->findChild<QWidget*>(name);
+            if (!field->isVisible())
+                continue; // the slider is the software engine's
+            const QImage unfocused = field->grab().toImage();
+            for (int tab = 0; tab < 200 && !field->hasFocus(); ++tab)
+                QTest::keyClick(m_window->windowHandle(), Qt::Key_Tab);
+            QVERIFY2(field->hasFocus(), name);
+            QVERIFY2(field->grab().toImage() != unfocused, name);
+        }
+    }
+};
+
+QTEST_MAIN(tst_accessibility)
+#include "tst_accessibility.moc"
