@@ -13,8 +13,6 @@ namespace zel {
 namespace {
 
 constexpr int SlideDuration = 350; // ms, menu, drawer and page scrolling alike
-constexpr int MenuWidth = 250;
-constexpr int DrawerWidth = 450;
 
 QPropertyAnimation* widthSlide(ZelControlCenter* controlCenter, const QByteArray& property, int width,
                                QObject* parent)
@@ -70,9 +68,12 @@ void ZelCCSlide::slideMenu(bool open, bool alreadyThere)
         m_menu->start();
 }
 
-void ZelCCSlide::slideDrawer(bool open, bool alreadyThere)
+void ZelCCSlide::slideDrawer(bool open, bool alreadyThere, int width)
 {
     m_application->setUpdateEngineEnabled(false);
+    // A slide turning around keeps its way; a drawer grown with its host closes from there.
+    if (!isRunning(m_drawer))
+        m_drawer->setEndValue(width);
     aim(m_drawer, open);
     if (!alreadyThere)
         m_drawer->start(); // a slide under way just goes on

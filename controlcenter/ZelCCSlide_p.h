@@ -18,6 +18,10 @@ class ZelCCSlide : public QObject
     Q_OBJECT
 
 public:
+    static constexpr int MenuWidth = 250;
+    // Where the drawer opens to, unless its host offers less room.
+    static constexpr int DrawerWidth = 450;
+
     // A child of `controlCenter`; `drawerScrollBar` and `application` outlive it.
     ZelCCSlide(ZelControlCenter* controlCenter, QScrollBar* drawerScrollBar, kqDMIApplication* application);
     // A slide stopped halfway never arrives: resumes the engine.
@@ -26,9 +30,10 @@ public:
     // Pauses the engine and slides the menu towards open or closed; a slide under way
     // turns around and arrives by itself. A menu `alreadyThere` arrives at once.
     void slideMenu(bool open, bool alreadyThere);
-    // Pauses the engine and slides the drawer towards open or closed. A drawer
+    // Pauses the engine and slides the drawer towards open or closed, between 0 and
+    // `width` (where it opens to, or its width as it starts closing). A drawer
     // `alreadyThere` does not arrive: the engine resumes unless something slides.
-    void slideDrawer(bool open, bool alreadyThere);
+    void slideDrawer(bool open, bool alreadyThere, int width);
     // Where the last slide of each was headed.
     bool isMenuHeadedOpen() const;
     bool isDrawerHeadedOpen() const;

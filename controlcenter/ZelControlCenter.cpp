@@ -70,6 +70,11 @@ ZelControlCenter::ZelControlCenter(kqDMIApplication* application, QWidget* paren
     m_ui->controlCenterButton->setText(QCoreApplication::translate("ZelControlCenter", "Application Settings"));
     m_ui->resetButton->setText(QCoreApplication::translate("ZelControlCenter", "Reset"));
     m_ui->applyButton->setText(QCoreApplication::translate("ZelControlCenter", "Apply"));
+    // The keyboard reaches them as it reaches the pages.
+    for (QAbstractButton* button : {static_cast<QAbstractButton*>(m_ui->controlCenterButton),
+                                    static_cast<QAbstractButton*>(m_ui->resetButton),
+                                    static_cast<QAbstractButton*>(m_ui->applyButton)})
+        button->setFocusPolicy(Qt::StrongFocus);
     // Alt and a letter, as dialog buttons have them, so a host's own Ctrl shortcuts stay its own.
     const auto withShortcut = [](QAbstractButton* button, const QString& toolTip, QKeyCombination keys) {
         button->setShortcut(keys);
@@ -237,6 +242,12 @@ void ZelControlCenter::setSettingsWidth(int width)
     m_ui->settingsContent->setMaximumWidth(contentWidth);
 }
 
+void ZelControlCenter::setSettingsWidthRange(int minimum, int maximum)
+{
+    m_drawerMinimum = minimum;
+    m_drawerMaximum = maximum;
+}
+
 void ZelControlCenter::registerCCAction(zelAction* action, const QString& anchorName, bool isWorkflowSpecific,
                                         bool after, bool closeMenuOnTrigger)
 {
@@ -391,6 +402,11 @@ void ZelControlCenter::onSettingsWidthFinished()
     if (!m_settingsOpen) {
         m_ui->preferenceFrame->hide();
         m_drawer->hide();
+    } else if (m_drawerMaximum > 0) {
+        m_drawer->setMinimumWidth(std::min(m_drawerMinimum, m_drawer->width()));
+        m_drawer->setMaximumWidth(m_drawerMaximum);
+        m_ui->settingsContent->setMinimumWidth(0);
+        m_ui->settingsContent->setMaximumWidth(QWIDGETSIZE_MAX);
     }
 }
 
@@ -442,7 +458,7 @@ void ZelControlCenter::openSettingsPanel(bool open)
     }
     if (open)
         m_drawer->show();
-    m_slide->slideDrawer(open, wasVisible == open);
+    m_slide->slideDrawer(open, wasVisible == open, open ? openDrawerWidth() : m_drawer->width());
 }
 
 void ZelControlCenter::ensureSettingVisible(QWidget* widget)
@@ -453,6 +469,15 @@ void ZelControlCenter::ensureSettingVisible(QWidget* widget)
 void ZelControlCenter::resetControlCenter()
 {
     m_pages->reset();
+}
+
+int ZelControlCenter::openDrawerWidth() const
+{
+    const QWidget* host = m_drawer->parentWidget();
+    if (m_drawerMaximum <= 0 || !host)
+        return ZelCCSlide::DrawerWidth;
+    const int room = host->width() - ZelCCSlide::MenuWidth;
+    return std::clamp(room, std::min(m_drawerMinimum, ZelCCSlide::DrawerWidth), ZelCCSlide::DrawerWidth);
 }
 
 void ZelControlCenter::findSetting()

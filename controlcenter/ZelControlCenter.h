@@ -88,6 +88,10 @@ public:
     void setControlCenterWidth(int width);
     int settingsWidth() const;
     void setSettingsWidth(int width);
+    // Called by a host whose layout may give the open drawer more or less room than its
+    // usual width: once open, the drawer keeps between `minimum` and `maximum` and
+    // follows the host's layout; it opens to its usual width where the room allows.
+    void setSettingsWidthRange(int minimum, int maximum);
 
     // Mirrors `action` as a button of the menu column, placed relative to the action
     // named `anchorName` (top of the column when empty, bottom when not found).
@@ -137,6 +141,8 @@ private:
     void followFocus(QWidget* previous, QWidget* now);
     // Ctrl+F: opens the drawer where needed and puts the keyboard in the search field.
     void findSetting();
+    // Where the drawer opens to: its usual width, or less where its host has less room.
+    int openDrawerWidth() const;
     // Asks before pending edits are dropped (only inside the viewer); true to go on.
     bool confirmDiscard() const;
 
@@ -158,6 +164,9 @@ private:
     bool m_menuOpen = false;
     bool m_settingsOpen = false;
     bool m_settingsWritable = true;
+    // Set by the host; none while 0, and the open drawer keeps its usual width.
+    int m_drawerMinimum = 0;
+    int m_drawerMaximum = 0;
 };
 
 } // namespace zel

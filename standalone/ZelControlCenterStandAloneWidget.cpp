@@ -17,9 +17,21 @@
 #include <QMessageBox>
 #include <QPixmap>
 #include <QPushButton>
+#include <QScreen>
+#include <QShowEvent>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace zel {
+
+namespace {
+
+// The narrowest the settings column gets, its pages still whole; and the logo's room.
+constexpr int DrawerMinimumWidth = 320;
+constexpr int LogoWidth = 100;
+
+} // namespace
 
 ZelControlCenterStandAloneWidget::ZelControlCenterStandAloneWidget(kqDMIApplication* application, QWidget* parent,
                                                                    Qt::WindowFlags flags)
@@ -42,6 +54,28 @@ ZelControlCenterStandAloneWidget::ZelControlCenterStandAloneWidget(kqDMIApplicat
             &ZelControlCenterStandAloneWidget::takeOutsideChanges);
 }
 
+void ZelControlCenterStandAloneWidget::showEvent(QShowEvent* event)
+{
+    if (!event->spontaneous())
+        fitToScreen();
+    QWidget::showEvent(event);
+}
+
+void ZelControlCenterStandAloneWidget::fitToScreen()
+{
+    const QScreen* screen = this->screen();
+    if (!screen || isMaximized() || isFullScreen())
+        return;
+    const QRect available = screen->availableGeometry();
+    QRect frame = geometry();
+    frame.setSize(frame.size().boundedTo(available.size()).expandedTo(minimumSize()));
+    const QPoint farthest(std::max(available.left(), available.right() + 1 - frame.width()),
+                          std::max(available.top(), available.bottom() + 1 - frame.height()));
+    frame.moveTo(std::clamp(frame.left(), available.left(), farthest.x()),
+                 std::clamp(frame.top(), available.top(), farthest.y()));
+    setGeometry(frame);
+}
+
 bool ZelControlCenterStandAloneWidget::event(QEvent* event)
 {
     // Posted from the first paint, the build runs once that frame is on the screen.
@@ -58,6 +92,15 @@ void ZelControlCenterStandAloneWidget::buildControlCenter()
     m_controlCenter->setGUIHandler(this);
     m_ui->contentLayout->insertWidget(0, m_controlCenter.get());
     m_ui->contentLayout->insertWidget(1, m_controlCenter->settingsWidget());
+    // The settings column takes what the window gains; the logo beside it keeps its place
+    // and is the first to go when the window is small.
+    m_controlCenter->setSettingsWidthRange(DrawerMinimumWidth, QWIDGETSIZE_MAX);
+    m_ui->contentLayout->setStretch(1, 4);
+    m_ui->contentLayout->setStretch(2, 1);
+    m_ui->scrollArea->setMaximumWidth(LogoWidth);
+    m_ui->scrollArea->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_ui->scrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_ui->scrollArea->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 
     QSettings& settings = m_application->getSettings();
     m_displayPanel = std::make_unique<ZelRendererSettingsPanel>(m_application, settings, nullptr, Qt::WindowFlags());

@@ -67,8 +67,11 @@ public Q_SLOTS:
 protected:
     void closeEvent(QCloseEvent* event) override;
     bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
+    // Shrinks and moves the window into the screen's available area, whatever its scale.
+    void fitToScreen();
     void buildControlCenter();
     void writeAppliedSettings();
     void takeOutsideChanges(const QStringList& keys);

@@ -4,17 +4,21 @@
 // Each ANSWER goes, in order, to the next modal dialog, or to the editor window when no
 // dialog is open: a key name ("Return", "Escape") is typed into it, "click:NAME" clicks
 // its child of that object name, "wait:N" lets N answering turns pass, "notice" reports
-// the editor's notice bar as "notice TEXT" (or "notice none"). Every dialog and window
+// the editor's notice bar as "notice TEXT" (or "notice none"), "shrink" resizes the
+// window as small as the user may, "fits" reports "fits yes" when the window lies in the
+// screen's available area with every button inside it (or "fits " and why not). Every dialog and window
 // seen is reported on standard output as "seen TITLE" (a message box's text as
 // "says TEXT"), and the result of launch as
 // "launch returned N".
 
 #include "ZelLaunch.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QKeySequence>
 #include <QLabel>
 #include <QMessageBox>
+#include <QScreen>
 #include <QSet>
 #include <QStringList>
 #include <QTest>
@@ -75,6 +79,29 @@ void answerNext()
         const auto* notice = target->findChild<QWidget*>("settingsNotice");
         const auto* text = notice ? notice->findChild<QLabel*>("noticeText") : nullptr;
         report("notice " + (text && notice->isVisible() ? text->text().replace('\n', '|') : QString("none")));
+        return;
+    }
+    if (answer == "shrink") {
+        target->resize(1, 1);
+        return;
+    }
+    if (answer == "fits") {
+        QStringList problems;
+        const QRect screen = target->screen()->availableGeometry();
+        if (!screen.contains(target->frameGeometry()))
+            problems << QString("window %1x%2%3 outside %4x%5")
+                            .arg(target->width()).arg(target->height()).arg(" min " + QString::number(target->minimumWidth()) + "x" + QString::number(target->minimumHeight())).arg(screen.width())
+                            .arg(screen.height());
+        // Buttons in a scroll area may lie out of sight; the others must be whole.
+        for (const QAbstractButton* button : target->findChildren<QAbstractButton*>()) {
+            const QRect inWindow(button->mapTo(target, QPoint()), button->size());
+            bool scrolled = false;
+            for (const QWidget* parent = button; parent && !scrolled; parent = parent->parentWidget())
+                scrolled = parent->objectName() == "qt_scrollarea_viewport";
+            if (!scrolled && button->isVisibleTo(target) && !target->rect().contains(inWindow))
+                problems << button->objectName() + " cut off";
+        }
+        report("fits " + (problems.isEmpty() ? QString("yes") : problems.join(", ")));
         return;
     }
     if (answer.startsWith("click:")) {

@@ -9,6 +9,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QTest>
 
@@ -333,6 +334,37 @@ private Q_SLOTS:
         QCOMPARE(next.exitCode, 0);
         QVERIFY(next.output.contains(WindowTitle));
         QVERIFY(!next.output.contains(SelectorTitle));
+    }
+
+    // A 1280 x 900 screen at scale 1 and 2: the window fits its available area at start
+    // and when made as small as it gets, every button inside it.
+    void windowFitsTheScreen_data()
+    {
+        QTest::addColumn<QByteArray>("scale");
+        QTest::newRow("scale 1") << QByteArray("1");
+        QTest::newRow("scale 2") << QByteArray("2");
+    }
+
+    void windowFitsTheScreen()
+    {
+        QFETCH(QByteArray, scale);
+        writeSettings("settingsVersion=2\nengine=deferred\n");
+        const QString screens = m_home.path() + "/screens.json";
+        QFile config(screens);
+        QVERIFY(config.open(QIODevice::WriteOnly));
+        config.write(R"({"screens": [{"name": "s", "x": 0, "y": 0, "width": 1280, "height": 900,
+                         "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+        config.close();
+        const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+        const auto restore = qScopeGuard([&platform] {
+            qputenv("QT_QPA_PLATFORM", platform);
+            qunsetenv("QT_SCALE_FACTOR");
+        });
+        qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(screens));
+        qputenv("QT_SCALE_FACTOR", scale);
+        const Run run = runDriver({"wait:12", "fits", "shrink", "wait:3", "fits", "click:closeButton"});
+        const QStringList fits = run.output.split('\n').filter(QRegularExpression("^fits "));
+        QCOMPARE(fits, QStringList({"fits yes", "fits yes"}));
     }
 
     void firstStartFollowsTheSystemLanguage()
