@@ -114,6 +114,18 @@
 Continue and close the application ?</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Some values differ from their defaults</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No setting matches</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Find a setting</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ZelControlCenterStandAloneWidget</name>
@@ -123,6 +135,25 @@ Continue and close the application ?</source>
     </message>
     <message>
         <source>The settings file &quot;%1&quot; could not be put back as it was: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ZelFieldMarks</name>
+    <message>
+        <source>Default: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reset to default</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -373,6 +404,14 @@ You may manually choose the parameters that will best fit your needs.</source>
     </message>
     <message>
         <source>%1 cores</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SD resolution height</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>HD resolution height</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -115,6 +115,18 @@ Continue and close the application ?</source>
         <translation>Vos modifications en cours seront perdues.
 Continuer et fermer l’application ?</translation>
     </message>
+    <message>
+        <source>Some values differ from their defaults</source>
+        <translation>Certaines valeurs diffèrent de leur valeur par défaut</translation>
+    </message>
+    <message>
+        <source>No setting matches</source>
+        <translation>Aucun réglage ne correspond</translation>
+    </message>
+    <message>
+        <source>Find a setting</source>
+        <translation>Chercher un réglage</translation>
+    </message>
 </context>
 <context>
     <name>ZelControlCenterStandAloneWidget</name>
@@ -125,6 +137,25 @@ Continuer et fermer l’application ?</translation>
     <message>
         <source>The settings file &quot;%1&quot; could not be put back as it was: %2</source>
         <translation>Le fichier de paramètres « %1 » n’a pas pu être remis dans son état d’origine : %2</translation>
+    </message>
+</context>
+<context>
+    <name>ZelFieldMarks</name>
+    <message>
+        <source>Default: %1</source>
+        <translation>Par défaut : %1</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>activé</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>désactivé</translation>
+    </message>
+    <message>
+        <source>Reset to default</source>
+        <translation>Revenir à la valeur par défaut</translation>
     </message>
 </context>
 <context>
@@ -377,6 +408,14 @@ Vous pouvez choisir vous-même les paramètres les mieux adaptés à vos besoins
     <message>
         <source>%1 cores</source>
         <translation>%1 cœurs</translation>
+    </message>
+    <message>
+        <source>SD resolution height</source>
+        <translation>Hauteur de la résolution SD</translation>
+    </message>
+    <message>
+        <source>HD resolution height</source>
+        <translation>Hauteur de la résolution HD</translation>
     </message>
 </context>
 <context>
