@@ -1,0 +1,182 @@
+// What differs from the defaults and finding a setting, in the stand-alone window with
+// every page, on a real Settings.ini, driven through the window as a user would.
+
+#include "SettingsFiles.h"
+#include "TestHome.h"
+#include "TestInput.h"
+#include "ZelControlCenter.h"
+#include "ZelControlCenterStandAloneWidget.h"
+#include "ZelGeneralSettingsPanel.h"
+#include "ZelRendererSettingsPanel.h"
+#include "ZelSettingsApplication.h"
+
+#include <QAbstractSpinBox>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QTest>
+#include <QTimer>
+#include <QToolTip>
+#include <QTranslator>
+
+#include <memory>
+
+using namespace zel;
+
+class tst_marksandsearch : public QObject
+{
+    Q_OBJECT
+
+    TestHome m_home;
+    QTranslator m_french;
+    std::unique_ptr<ZelSettingsApplication> m_application;
+    std::unique_ptr<ZelControlCenterStandAloneWidget> m_window;
+
+    template<typename T = QWidget>
+    T* child(const char* name) const
+    {
+        return m_window->findChild<T*>(QLatin1String(name));
+    }
+    static bool differs(const QWidget* widget) { return widget->property("differsFromDefault").toBool(); }
+    static bool found(const QWidget* widget) { return widget->property("searchMatch").toBool(); }
+    ZelSettingsPanel* general() const { return m_window->findChild<ZelGeneralSettingsPanel*>(); }
+    ZelSettingsPanel* display() const { return m_window->findChild<ZelRendererSettingsPanel*>(); }
+
+    void open(const QByteArray& stored, bool french = false)
+    {
+        QVERIFY(writeBytes(m_home.configPath() + "/Settings.ini", stored));
+        if (french) {
+            QVERIFY(m_french.load(ZEL_TRANSLATIONS_DIR "/Torvane_fr.qm"));
+            QCoreApplication::installTranslator(&m_french);
+        }
+        m_application = std::make_unique<ZelSettingsApplication>(m_home.configPath());
+        ZelControlCenter::InitDefaultSettingsValues(ZelControlCenter::GetApplicationName());
+        ZelControlCenter::InitPageSettingsValues();
+        QString error;
+        QVERIFY2(ZelControlCenter::EnsureSettings(m_application->getSettings(), error), qPrintable(error));
+        m_window = std::make_unique<ZelControlCenterStandAloneWidget>(m_application.get(), nullptr,
+                                                                      Qt::FramelessWindowHint);
+        m_window->show();
+        m_window->openMenu();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        QTRY_VERIFY(m_window->controlCenter() && m_window->controlCenter()->isSettingsOpen());
+    }
+
+    void type(const QString& text)
+    {
+        for (const QChar character : text)
+            QTest::keyClick(m_window->windowHandle(), character.toLatin1());
+    }
+
+private Q_SLOTS:
+    void cleanup()
+    {
+        m_window.reset();
+        m_application.reset();
+        QCoreApplication::removeTranslator(&m_french);
+        ZelControlCenter::ClearSettingsValues();
+    }
+
+    void differingFieldsAreMarkedAndResetOneByOne()
+    {
+        open("settingsVersion=2\nengine=deferred\n[DBCache]\ncacheSize=2048\n");
+        auto* cacheSize = child<QAbstractSpinBox>("databaseSpinBox");
+        auto* ssao = child<QCheckBox>("deferredSSAOCheckBox");
+        QVERIFY(differs(cacheSize));
+        QVERIFY(!differs(ssao));
+        QVERIFY(differs(general()->getActionWidget()));
+        QVERIFY(!differs(display()->getActionWidget()));
+        child<QScrollArea>("settingsScrollArea")->ensureWidgetVisible(cacheSize);
+
+        // Hovering the marker tells the default, in the page's own words.
+        const QWidget* marker = general()->findChild<QWidget*>("fieldMarker");
+        QVERIFY(marker && marker->isVisible());
+        // The first move only enters the window; the tool tip follows a move inside it.
+        const QPoint at = marker->mapTo(m_window.get(), marker->rect().center());
+        QTest::mouseMove(m_window->windowHandle(), at - QPoint(3, 0));
+        QTest::mouseMove(m_window->windowHandle(), at);
+        QTRY_COMPARE(QToolTip::text(), "Default: 4096" + cacheSize->property("suffix").toString());
+
+        // An edit is marked before Apply, on the field and on its page's button.
+        clickIndicator(ssao);
+        QVERIFY(differs(ssao));
+        QVERIFY(differs(display()->getActionWidget()));
+        child<QScrollArea>("settingsScrollArea")->ensureWidgetVisible(cacheSize);
+
+        // The cache size alone goes back to its default, through its context menu.
+        QTimer::singleShot(0, this, [] {
+            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            QAction* reset = menu ? menu->findChild<QAction*>("resetFieldAction") : nullptr;
+            if (reset)
+                QTest::mouseClick(menu->windowHandle(), Qt::LeftButton, {}, menu->actionGeometry(reset).center());
+        });
+        QTest::mouseClick(m_window->windowHandle(), Qt::RightButton, {},
+                          cacheSize->mapTo(m_window.get(), cacheSize->rect().center()));
+        QTRY_COMPARE(cacheSize->property("value").toInt(), 4096);
+        QVERIFY(!differs(cacheSize));
+        QVERIFY(!marker->isVisible());
+        QVERIFY(differs(ssao));
+        QVERIFY(m_window->controlCenter()->hasModifications());
+
+        // Reset takes every page back: nothing is marked any more.
+        click(child<QPushButton>("resetButton"));
+        QVERIFY(!differs(ssao));
+        QVERIFY(!differs(display()->getActionWidget()));
+    }
+
+    void searchFindsByLabelAndKey_data()
+    {
+        QTest::addColumn<bool>("french");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("field");
+        QTest::newRow("English label") << false << "cache size" << "databaseSpinBox";
+        QTest::newRow("French label") << true << "taille du cache" << "databaseSpinBox";
+        QTest::newRow("key") << false << "useSSAO" << "deferredSSAOCheckBox";
+    }
+
+    void searchFindsByLabelAndKey()
+    {
+        QFETCH(bool, french);
+        QFETCH(QString, typed);
+        QFETCH(QString, field);
+        open("settingsVersion=2\nengine=deferred\n", french);
+
+        // Ctrl+F from a page's field puts the keyboard in the search field.
+        child("maxTrianglesSpinBox")->setFocus();
+        QTest::keyClick(m_window->windowHandle(), Qt::Key_F, Qt::ControlModifier);
+        auto* search = child<QLineEdit>("settingsSearch");
+        QVERIFY(search->hasFocus());
+        type(typed);
+        QWidget* match = child(qPrintable(field));
+        QVERIFY(found(match));
+        QVERIFY(!found(child("maxTrianglesSpinBox")));
+        QVERIFY(child("noSettingMatches")->isHidden());
+        // Pages without a match fold away; the drawer shows the first match.
+        const bool onGeneral = general()->isAncestorOf(match);
+        QCOMPARE(general()->isVisible(), onGeneral);
+        QCOMPARE(display()->isVisible(), !onGeneral);
+        QVERIFY(match->visibleRegion().boundingRect().height() == match->height());
+
+        // Escape clears the search: every page is back, nothing highlighted.
+        QTest::keyClick(m_window->windowHandle(), Qt::Key_Escape);
+        QCOMPARE(search->text(), QString());
+        QVERIFY(!found(match));
+        QVERIFY(general()->isVisible() && display()->isVisible());
+    }
+
+    void searchWithoutMatchSaysSo()
+    {
+        open("settingsVersion=2\nengine=deferred\n");
+        QTest::keyClick(m_window->windowHandle(), Qt::Key_F, Qt::ControlModifier);
+        type("xyzzy");
+        QVERIFY(child("noSettingMatches")->isVisible());
+        QCOMPARE(child<QLabel>("noSettingMatches")->text(), "No setting matches");
+        QVERIFY(!general()->isVisible() && !display()->isVisible());
+    }
+};
+
+QTEST_MAIN(tst_marksandsearch)
+#include "tst_marksandsearch.moc"
