@@ -82,7 +82,7 @@ protected:
 
 private:
     QWidget* m_editor = nullptr;
-    const ZelFieldMarks::DefaultText& m_defaultText;
+    const ZelFieldMarks::DefaultText m_defaultText;
 };
 
 ZelFieldMarks::ZelFieldMarks(QWidget* page, DefaultText defaultText, ResetField resetField)
