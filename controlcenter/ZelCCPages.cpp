@@ -106,7 +106,8 @@ bool ZelCCPages::markPagesAwayFromDefaults()
             marker = new QLabel(button);
             marker->setObjectName(QStringLiteral("pageMarker"));
             marker->setPixmap(ZelFieldMarks::markerPixmap(button->devicePixelRatioF()));
-            marker->setToolTip(QCoreApplication::translate("ZelControlCenter", "Some values differ from their defaults"));
+            marker->setToolTip(
+                QCoreApplication::translate("ZelControlCenter", "Some values differ from their defaults"));
             row->addWidget(marker);
         }
         if (marker)

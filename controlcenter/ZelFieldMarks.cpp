@@ -70,7 +70,8 @@ protected:
         if (event->type() != QEvent::ToolTip)
             return QWidget::event(event);
         const auto* help = static_cast<QHelpEvent*>(event);
-        QToolTip::showText(help->globalPos(), marksText(QT_TRANSLATE_NOOP("ZelFieldMarks", "Default: %1")).arg(m_defaultText(m_editor)), this);
+        const QString text = marksText(QT_TRANSLATE_NOOP("ZelFieldMarks", "Default: %1"));
+        QToolTip::showText(help->globalPos(), text.arg(m_defaultText(m_editor)), this);
         return true;
     }
 
@@ -181,7 +182,8 @@ QString ZelFieldMarks::shownValue(QWidget* editor, const std::vector<QWidget*>& 
     if (const auto* slider = qobject_cast<const QAbstractSlider*>(editor))
         return QString::number(slider->value());
     if (const auto* checkBox = qobject_cast<const QCheckBox*>(editor))
-        return checkBox->isChecked() ? marksText(QT_TRANSLATE_NOOP("ZelFieldMarks", "on")) : marksText(QT_TRANSLATE_NOOP("ZelFieldMarks", "off"));
+        return checkBox->isChecked() ? marksText(QT_TRANSLATE_NOOP("ZelFieldMarks", "on"))
+                                     : marksText(QT_TRANSLATE_NOOP("ZelFieldMarks", "off"));
     return editor->toolTip();
 }
 

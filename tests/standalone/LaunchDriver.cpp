@@ -89,8 +89,10 @@ void answerNext()
         QStringList problems;
         const QRect screen = target->screen()->availableGeometry();
         if (!screen.contains(target->frameGeometry()))
-            problems << QString("window %1x%2%3 outside %4x%5")
-                            .arg(target->width()).arg(target->height()).arg(" min " + QString::number(target->minimumWidth()) + "x" + QString::number(target->minimumHeight())).arg(screen.width())
+            problems << QString("window %1x%2 outside %3x%4")
+                            .arg(target->width())
+                            .arg(target->height())
+                            .arg(screen.width())
                             .arg(screen.height());
         // Buttons in a scroll area may lie out of sight; the others must be whole.
         for (const QAbstractButton* button : target->findChildren<QAbstractButton*>()) {
