@@ -2,6 +2,7 @@
 // meets it: every field named, every text readable, the keyboard focus in sight.
 
 #include "SettingsFiles.h"
+#include "EditorWindow.h"
 #include "TestHome.h"
 #include "ZelControlCenter.h"
 #include "ZelControlCenterStandAloneWidget.h"
@@ -36,8 +37,8 @@ class tst_accessibility : public QObject
     Q_OBJECT
 
     TestHome m_home;
-    std::unique_ptr<ZelSettingsApplication> m_application;
-    std::unique_ptr<ZelControlCenterStandAloneWidget> m_window;
+    EditorWindow m_editor;
+    std::unique_ptr<ZelControlCenterStandAloneWidget>& m_window = m_editor.window;
 
     // What the user can reach: shown and enabled.
     QList<QWidget*> reachable() const
@@ -78,24 +79,12 @@ private Q_SLOTS:
     {
         QFETCH_GLOBAL(QByteArray, engine);
         QVERIFY(writeBytes(m_home.configPath() + "/Settings.ini", "settingsVersion=2\nengine=" + engine + '\n'));
-        m_application = std::make_unique<ZelSettingsApplication>(m_home.configPath());
-        ZelControlCenter::InitDefaultSettingsValues(ZelControlCenter::GetApplicationName());
-        ZelControlCenter::InitPageSettingsValues();
-        QString error;
-        QVERIFY2(ZelControlCenter::EnsureSettings(m_application->getSettings(), error), qPrintable(error));
-        m_window = std::make_unique<ZelControlCenterStandAloneWidget>(m_application.get(), nullptr,
-                                                                      Qt::FramelessWindowHint);
-        m_window->show();
-        m_window->openMenu();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-        QTRY_VERIFY(m_window->controlCenter() && m_window->controlCenter()->isSettingsOpen());
+        m_editor.open(m_home.configPath());
     }
 
     void cleanup()
     {
-        m_window.reset();
-        m_application.reset();
-        ZelControlCenter::ClearSettingsValues();
+        m_editor.close();
     }
 
     void everyFieldIsNamed()

@@ -2,6 +2,7 @@
 // every page, on a real Settings.ini, driven through the window as a user would.
 
 #include "SettingsFiles.h"
+#include "EditorWindow.h"
 #include "TestHome.h"
 #include "TestInput.h"
 #include "ZelControlCenter.h"
@@ -32,8 +33,8 @@ class tst_marksandsearch : public QObject
 
     TestHome m_home;
     QTranslator m_french;
-    std::unique_ptr<ZelSettingsApplication> m_application;
-    std::unique_ptr<ZelControlCenterStandAloneWidget> m_window;
+    EditorWindow m_editor;
+    std::unique_ptr<ZelControlCenterStandAloneWidget>& m_window = m_editor.window;
 
     template<typename T = QWidget>
     T* child(const char* name) const
@@ -52,17 +53,7 @@ class tst_marksandsearch : public QObject
             QVERIFY(m_french.load(ZEL_TRANSLATIONS_DIR "/Torvane_fr.qm"));
             QCoreApplication::installTranslator(&m_french);
         }
-        m_application = std::make_unique<ZelSettingsApplication>(m_home.configPath());
-        ZelControlCenter::InitDefaultSettingsValues(ZelControlCenter::GetApplicationName());
-        ZelControlCenter::InitPageSettingsValues();
-        QString error;
-        QVERIFY2(ZelControlCenter::EnsureSettings(m_application->getSettings(), error), qPrintable(error));
-        m_window = std::make_unique<ZelControlCenterStandAloneWidget>(m_application.get(), nullptr,
-                                                                      Qt::FramelessWindowHint);
-        m_window->show();
-        m_window->openMenu();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-        QTRY_VERIFY(m_window->controlCenter() && m_window->controlCenter()->isSettingsOpen());
+        m_editor.open(m_home.configPath());
     }
 
     void type(const QString& text)
@@ -74,10 +65,8 @@ class tst_marksandsearch : public QObject
 private Q_SLOTS:
     void cleanup()
     {
-        m_window.reset();
-        m_application.reset();
+        m_editor.close();
         QCoreApplication::removeTranslator(&m_french);
-        ZelControlCenter::ClearSettingsValues();
     }
 
     void differingFieldsAreMarkedAndResetOneByOne()

@@ -2,6 +2,7 @@
 // question before edits are thrown away, and a second start of torvane-settings.
 
 #include "SettingsFiles.h"
+#include "EditorWindow.h"
 #include "TestHome.h"
 #include "TestInput.h"
 #include "ZelControlCenter.h"
@@ -35,8 +36,8 @@ class tst_standalonewindow : public QObject
 
 private:
     TestHome m_home;
-    std::unique_ptr<ZelSettingsApplication> m_application;
-    std::unique_ptr<ZelControlCenterStandAloneWidget> m_window;
+    EditorWindow m_editor;
+    std::unique_ptr<ZelControlCenterStandAloneWidget>& m_window = m_editor.window;
 
     QPushButton* button(const char* name) const
     {
@@ -55,7 +56,7 @@ private:
         });
     }
 
-    QString settingsFile() const { return m_application->getSettings().fileName(); }
+    QString settingsFile() const { return m_editor.application->getSettings().fileName(); }
 
     // What the notice bar says; empty while it is hidden.
     QString notice() const
@@ -91,25 +92,12 @@ private Q_SLOTS:
         QVERIFY(m_home.isValid());
         // Each test starts from a new user's file.
         QFile::remove(m_home.configPath() + QStringLiteral("/Settings.ini"));
-        m_application = std::make_unique<ZelSettingsApplication>(m_home.configPath());
-        ZelControlCenter::InitDefaultSettingsValues(ZelControlCenter::GetApplicationName());
-        ZelControlCenter::InitPageSettingsValues();
-        QString error;
-        QVERIFY2(ZelControlCenter::EnsureSettings(m_application->getSettings(), error), qPrintable(error));
-        m_window = std::make_unique<ZelControlCenterStandAloneWidget>(m_application.get(), nullptr,
-                                                                      Qt::FramelessWindowHint);
-        m_window->show();
-        // As launch does it: asked before the pages exist, the menu opens once they do.
-        m_window->openMenu();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-        QTRY_VERIFY(m_window->controlCenter());
+        m_editor.open(m_home.configPath());
     }
 
     void cleanup()
     {
-        m_window.reset();
-        m_application.reset();
-        ZelControlCenter::ClearSettingsValues();
+        m_editor.close();
     }
 
     void pagesComeInTheirOrder()
