@@ -4,6 +4,9 @@
 #include "ui_ZelRendererSelector.h"
 
 #include <QEvent>
+#include <QShortcut>
+
+#include <utility>
 
 namespace zel {
 
@@ -28,6 +31,13 @@ ZelRendererSelector::ZelRendererSelector(QWidget* parent, Qt::WindowFlags flags)
 
     m_ui->raytracerButton->installEventFilter(this);
     m_ui->deferredButton->installEventFilter(this);
+
+    // The arrow keys move the choice, whichever button holds the focus.
+    const std::pair<Qt::Key, bool> arrows[] = {
+        {Qt::Key_Left, false}, {Qt::Key_Up, false}, {Qt::Key_Right, true}, {Qt::Key_Down, true}};
+    for (const auto& [key, software] : arrows)
+        connect(new QShortcut(key, this), &QShortcut::activated, this,
+                [this, software = software] { choose(software); });
 }
 
 ZelRendererSelector::~ZelRendererSelector() = default;
@@ -41,14 +51,20 @@ bool ZelRendererSelector::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() != QEvent::MouseButtonRelease)
         return false;
-    const bool software = property(SoftwareProperty).toBool();
     const bool onDeferred = watched == m_ui->deferredButton;
-    if (onDeferred != software)
+    if (onDeferred != property(SoftwareProperty).toBool())
         return false;
-    setProperty(SoftwareProperty, !onDeferred);
+    choose(!onDeferred);
+    return true;
+}
+
+void ZelRendererSelector::choose(bool software)
+{
+    if (property(SoftwareProperty).toBool() == software)
+        return;
+    setProperty(SoftwareProperty, software);
     // Property-dependent rules are only re-read when the sheet is set again.
     setStyleSheet(styleSheet());
-    return true;
 }
 
 void ZelRendererSelector::on_okButton_clicked()

@@ -37,6 +37,8 @@ protected Q_SLOTS:
     void on_closeButton_clicked();
 
 private:
+    void choose(bool software);
+
     Q_DISABLE_COPY_MOVE(ZelRendererSelector)
     std::unique_ptr<Ui::ZelRendererSelector> m_ui;
     // Owned through its parent, the dialog.

@@ -390,10 +390,15 @@ private Q_SLOTS:
         QVERIFY(!unknown.output.contains("QGLShader"));
     }
 
-    void selectorChoosesSoftwareByMouseAndCancelsByEscape()
+    void selectorChoosesByMouseOrArrowsAndCancelsByEscape()
     {
         const Run software = runDriver({"click:raytracerButton", "click:okButton"});
         QCOMPARE(software.exitCode, 1);
+        QCOMPARE(stored("engine"), "software");
+
+        QFile::remove(settingsFile());
+        const Run byKeys = runDriver({"Right", "Left", "Down", "Return"});
+        QCOMPARE(byKeys.exitCode, 1);
         QCOMPARE(stored("engine"), "software");
 
         QFile::remove(settingsFile());
