@@ -261,7 +261,8 @@ private:
         return text;
     }
 
-    // The fields `editor` shows take their defaults as a pending edit; the others stay.
+    // The fields `editor` shows take their defaults as a pending edit; the others stay. A
+    // list field is one stored value and goes back whole, so that it stays consistent.
     void resetField(QWidget* editor)
     {
         Model defaults;
@@ -272,9 +273,8 @@ private:
         visitFields(
             [&editors, editor](std::size_t field, const auto& defaultValue, auto& shown) {
                 const std::vector<QWidget*>& fieldEditors = editors[field];
-                const auto found = std::find(fieldEditors.cbegin(), fieldEditors.cend(), editor);
-                if (found != fieldEditors.cend())
-                    takeDefault(shown, defaultValue, std::size_t(found - fieldEditors.cbegin()), fieldEditors.size());
+                if (std::find(fieldEditors.cbegin(), fieldEditors.cend(), editor) != fieldEditors.cend())
+                    shown = defaultValue;
             },
             std::as_const(defaults).tie(), current.tie());
         page().applyModel(current);
@@ -282,7 +282,7 @@ private:
         Q_EMIT page().stateChanged();
     }
 
-    // A list field shown element by element compares and resets one element per editor.
+    // A list field shown element by element is marked element by element.
     template<typename T>
     static bool sameValue(const T& left, const T& right, std::size_t, std::size_t)
     {
@@ -295,20 +295,6 @@ private:
         if (left.size() != editors || right.size() != editors)
             return left == right;
         return left[index] == right[index];
-    }
-    template<typename T>
-    static void takeDefault(T& value, const T& defaultValue, std::size_t, std::size_t)
-    {
-        value = defaultValue;
-    }
-    template<typename T>
-    static void takeDefault(std::vector<T>& value, const std::vector<T>& defaultValue, std::size_t index,
-                            std::size_t editors)
-    {
-        if (value.size() == editors && defaultValue.size() == editors)
-            value[index] = defaultValue[index];
-        else
-            value = defaultValue;
     }
 
     static void addKey(QStringList& keys, QLatin1String key)
