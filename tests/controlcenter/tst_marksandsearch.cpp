@@ -110,6 +110,19 @@ private Q_SLOTS:
         QVERIFY(differs(ssao));
         QVERIFY(m_window->controlCenter()->hasModifications());
 
+        // The page holding the focus is the one highlighted in the menu column, also while
+        // the page above it still fills the top of the drawer.
+        // The offscreen platform does not give the window back its activation after a popup.
+        m_window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        child<QScrollArea>("settingsScrollArea")->ensureWidgetVisible(ssao);
+        click(ssao);
+        QVERIFY(display()->getActionWidget()->isChecked());
+        for (int tab = 0; tab < 20 && !general()->isAncestorOf(QApplication::focusWidget()); ++tab)
+            QTest::keyClick(m_window->windowHandle(), Qt::Key_Tab);
+        QVERIFY(general()->isAncestorOf(QApplication::focusWidget()));
+        QVERIFY(general()->getActionWidget()->isChecked());
+
         // Reset takes every page back: nothing is marked any more.
         click(child<QPushButton>("resetButton"));
         QVERIFY(!differs(ssao));
