@@ -18,13 +18,15 @@ qint64 monotonicNs()
 }
 
 // "NAME <ns> <KiB>" lines; the last one gives the peak memory.
-bool readReports(const QString& path, qint64 start, bool withPages, StartupTimes& times)
+bool readReports(const QString& path, qint64 start, bool withPages, bool withInput, StartupTimes& times)
 {
     QFile reports(path);
     if (!reports.open(QIODevice::ReadOnly))
         return false;
     bool framed = false;
     bool paged = false;
+    double inputMs = -1;
+    double answerMs = -1;
     for (const QByteArray& line : reports.readAll().split('\n')) {
         const QList<QByteArray> fields = line.split(' ');
         if (fields.size() != 3)
@@ -36,17 +38,25 @@ bool readReports(const QString& path, qint64 start, bool withPages, StartupTimes
         } else if (fields.at(0) == "pages") {
             times.pagesMs = milliseconds;
             paged = true;
+        } else if (fields.at(0) == "input") {
+            inputMs = milliseconds;
+        } else if (fields.at(0) == "answer") {
+            answerMs = milliseconds;
         } else {
             continue;
         }
         times.peakMiB = fields.at(2).toDouble() / 1024.0;
     }
-    return framed && paged == withPages;
+    const bool answered = inputMs >= 0 && answerMs >= inputMs;
+    if (answered)
+        times.answerMs = answerMs - inputMs;
+    return framed && paged == withPages && answered == withInput;
 }
 
 } // namespace
 
-std::optional<StartupTimes> startProbed(const QString& program, const QByteArray& pagesClass, const StartupHome& home)
+std::optional<StartupTimes> startProbed(const QString& program, const QByteArray& pagesClass, const StartupHome& home,
+                                        const ProbeInput& input)
 {
     const QString reportsPath = home.filePath(QStringLiteral("probe-reports"));
     const QString errorsPath = home.filePath(QStringLiteral("probe-errors"));
@@ -55,6 +65,8 @@ std::optional<StartupTimes> startProbed(const QString& program, const QByteArray
     environment.insert(QStringLiteral("STARTUP_PROBE_OUTPUT"), reportsPath);
     if (!pagesClass.isEmpty())
         environment.insert(QStringLiteral("STARTUP_PROBE_PAGES_CLASS"), QString::fromLatin1(pagesClass));
+    if (!input.variable.isEmpty())
+        environment.insert(input.variable, input.target);
 
     QProcess process;
     process.setProcessEnvironment(environment);
@@ -68,7 +80,7 @@ std::optional<StartupTimes> startProbed(const QString& program, const QByteArray
         process.kill();
 
     StartupTimes times;
-    if (finished && process.exitStatus() == QProcess::NormalExit && readReports(reportsPath, start, !pagesClass.isEmpty(), times))
+    if (finished && process.exitStatus() == QProcess::NormalExit && readReports(reportsPath, start, !pagesClass.isEmpty(), !input.variable.isEmpty(), times))
         return times;
     QFile errors(errorsPath);
     errors.open(QIODevice::ReadOnly);

@@ -8,9 +8,19 @@
 //   frame  the first paint of a widget: the first window's complete frame.
 //   pages  with STARTUP_PROBE_PAGES_CLASS, the first paint of a widget inheriting that
 //          class: for a window that shows before its content, the window complete.
+//   input, answer
+//          with STARTUP_PROBE_CLICK (a button's text) or STARTUP_PROBE_WHEEL (a widget's
+//          object name), right after the pages: a press and release on that button, or
+//          one wheel step down on that widget (a scroll area's viewport), then the end of
+//          the paint that answers it, the input's own or the next. What start-up left
+//          undone shows here.
 // The program quits after its last report.
 
+#include <QAbstractButton>
+#include <QAbstractScrollArea>
 #include <QApplication>
+#include <QMouseEvent>
+#include <QWheelEvent>
 #include <QWidget>
 
 #include <fcntl.h>
@@ -53,6 +63,65 @@ void report(const char* what)
         ::close(output);
 }
 
+// The input the probe gives once the pages are on screen, as the window system would.
+class ProbeInput
+{
+public:
+    ProbeInput() : m_button(qEnvironmentVariable("STARTUP_PROBE_CLICK")), m_wheel(qEnvironmentVariable("STARTUP_PROBE_WHEEL")) {}
+
+    bool isWanted() const { return !m_button.isEmpty() || !m_wheel.isEmpty(); }
+
+    // False when its target is not on screen.
+    bool send() const
+    {
+        if (!m_button.isEmpty())
+            return click();
+        QWidget* target = visibleWidget([this](const QWidget* widget) { return widget->objectName() == m_wheel; });
+        if (!target)
+            return false;
+        // A wheel event sent by hand does not travel up from the widget under the mouse
+        // as the window system's does: it goes where that one would end.
+        if (const auto* scrollArea = qobject_cast<const QAbstractScrollArea*>(target))
+            target = scrollArea->viewport();
+        const QPoint middle = target->rect().center();
+        QWheelEvent wheel(middle, target->mapToGlobal(middle), QPoint(), QPoint(0, -QWheelEvent::DefaultDeltasPerStep),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(target, &wheel);
+        return wheel.isAccepted();
+    }
+
+private:
+    bool click() const
+    {
+        QWidget* button = visibleWidget([this](const QWidget* widget) {
+            const auto* asButton = qobject_cast<const QAbstractButton*>(widget);
+            return asButton && asButton->text() == m_button;
+        });
+        if (!button)
+            return false;
+        const QPoint middle = button->rect().center();
+        const QPoint global = button->mapToGlobal(middle);
+        QMouseEvent press(QEvent::MouseButtonPress, middle, global, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(button, &press);
+        QMouseEvent release(QEvent::MouseButtonRelease, middle, global, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(button, &release);
+        return true;
+    }
+
+    template <typename Match>
+    static QWidget* visibleWidget(Match matches)
+    {
+        for (QWidget* widget : QApplication::allWidgets()) {
+            if (widget->isVisible() && matches(widget))
+                return widget;
+        }
+        return nullptr;
+    }
+
+    QString m_button;
+    QString m_wheel;
+};
+
 class PaintWatcher : public QObject
 {
 public:
@@ -65,33 +134,54 @@ protected:
             return false;
         if (!m_framed) {
             m_framed = true;
-            reportAfterPaint("frame", m_pagesClass.isEmpty());
+            reportAfterPaint("frame", m_pagesClass.isEmpty() ? Next::Quit : Next::Watch);
+        }
+        if (m_inputSent) {
+            m_inputSent = false;
+            reportAfterPaint("answer", Next::Quit);
         }
         if (!m_pagesClass.isEmpty() && watched->inherits(m_pagesClass.constData())) {
             m_pagesClass.clear();
-            reportAfterPaint("pages", true);
+            reportAfterPaint("pages", m_input.isWanted() ? Next::Input : Next::Quit);
         }
         return false;
     }
 
 private:
+    enum class Next { Watch, Input, Quit };
+
     // Queued: the paint pass that sent this event is finished and flushed first.
-    void reportAfterPaint(const char* what, bool last)
+    void reportAfterPaint(const char* what, Next next)
     {
-        if (last)
+        if (next == Next::Quit)
             QCoreApplication::instance()->removeEventFilter(this);
         QMetaObject::invokeMethod(
             this,
-            [what, last] {
+            [this, what, next] {
                 report(what);
-                if (last)
+                if (next == Next::Input)
+                    sendInput();
+                else if (next == Next::Quit)
                     QCoreApplication::quit();
             },
             Qt::QueuedConnection);
     }
 
+    // A button repaints itself while it handles the press: that paint answers too.
+    void sendInput()
+    {
+        report("input");
+        m_inputSent = true;
+        if (!m_input.send()) {
+            std::fputs("startup-probe: the input's target is not on screen\n", stderr);
+            QCoreApplication::exit(2);
+        }
+    }
+
     QByteArray m_pagesClass;
+    const ProbeInput m_input;
     bool m_framed = false;
+    bool m_inputSent = false;
 };
 
 void watchPaints()
