@@ -13,6 +13,7 @@ namespace zel {
 namespace {
 
 constexpr int SlideDuration = 350; // ms, menu, drawer and page scrolling alike
+constexpr int FrameInterval = 16; // ms, Qt's animation timer
 
 QPropertyAnimation* widthSlide(ZelControlCenter* controlCenter, const QByteArray& property, int width,
                                QObject* parent)
@@ -33,6 +34,18 @@ void aim(QPropertyAnimation* slide, bool open)
 bool isRunning(const QAbstractAnimation* animation)
 {
     return animation->state() == QAbstractAnimation::Running;
+}
+
+// A slide's frame 0 is what the screen shows already; its next frame would wait for the
+// animation timer's first tick. Starting one frame in paints that frame at once. A slide
+// under way just goes on.
+void startOneFrameIn(QPropertyAnimation* slide)
+{
+    if (isRunning(slide))
+        return;
+    slide->start();
+    slide->setCurrentTime(slide->direction() == QAbstractAnimation::Forward ? FrameInterval
+                                                                              : SlideDuration - FrameInterval);
 }
 
 } // namespace
@@ -65,7 +78,7 @@ void ZelCCSlide::slideMenu(bool open, bool alreadyThere)
     if (alreadyThere)
         Q_EMIT menuArrived();
     else
-        m_menu->start();
+        startOneFrameIn(m_menu);
 }
 
 void ZelCCSlide::slideDrawer(bool open, bool alreadyThere, int width)
@@ -76,7 +89,7 @@ void ZelCCSlide::slideDrawer(bool open, bool alreadyThere, int width)
         m_drawer->setEndValue(width);
     aim(m_drawer, open);
     if (!alreadyThere)
-        m_drawer->start(); // a slide under way just goes on
+        startOneFrameIn(m_drawer);
     else if (!isSliding())
         resumeEngine();
 }
