@@ -104,6 +104,11 @@ bool ZelCCSlide::isDrawerHeadedOpen() const
     return m_drawer->direction() == QAbstractAnimation::Forward;
 }
 
+int ZelCCSlide::slidingDrawerWidth() const
+{
+    return isRunning(m_drawer) ? m_drawer->endValue().toInt() : 0;
+}
+
 void ZelCCSlide::resumeEngine()
 {
     m_application->setUpdateEngineEnabled(true);

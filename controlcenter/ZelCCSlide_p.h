@@ -37,6 +37,8 @@ public:
     // Where the last slide of each was headed.
     bool isMenuHeadedOpen() const;
     bool isDrawerHeadedOpen() const;
+    // The drawer's width once open, while it slides; otherwise 0.
+    int slidingDrawerWidth() const;
     void resumeEngine();
 
     // Scrolls the drawer to `value`, or as far as it goes.

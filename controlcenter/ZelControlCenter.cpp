@@ -236,8 +236,11 @@ void ZelControlCenter::setSettingsWidth(int width)
     m_drawer->setMinimumWidth(width);
     m_drawer->setMaximumWidth(width);
 
+    // While the drawer slides its pages keep the open drawer's width and are uncovered:
+    // laid out again at every step, their wrapped texts took longer than a frame.
+    const int laidOutWidth = std::max(width, m_slide->slidingDrawerWidth());
     const QScrollBar* scrollBar = m_drawerScroll->verticalScrollBar();
-    const int contentWidth = std::max(0, width - (scrollBar->isVisible() ? scrollBar->width() : 0));
+    const int contentWidth = std::max(0, laidOutWidth - (scrollBar->isVisible() ? scrollBar->width() : 0));
     m_ui->settingsContent->setMinimumWidth(contentWidth);
     m_ui->settingsContent->setMaximumWidth(contentWidth);
 }

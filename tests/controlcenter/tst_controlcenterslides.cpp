@@ -103,6 +103,27 @@ private Q_SLOTS:
         QVERIFY(!cc->isSettingsOpen() && cc->settingsWidget()->isHidden() && host.app.engineRuns());
     }
 
+    // Laid out again at every step of the slide, wrapped texts cost more than a frame: the
+    // pages keep the open drawer's width while it slides, and follow a width set by hand.
+    void pagesKeepTheirWidthWhileTheDrawerSlides()
+    {
+        TestHost host(Host::Viewer);
+        ZelControlCenter* cc = host.cc;
+        TestPage page(&host.app, "A");
+        cc->registerSettingsPanel(&page);
+        slideMenu(cc);
+        const QWidget* content = part(cc->settingsWidget(), "settingsContent");
+
+        cc->openSettings();
+        const int openWidth = content->minimumWidth();
+        QVERIFY(cc->settingsWidth() < openWidth && content->maximumWidth() == openWidth);
+        finishSlides(cc);
+        QCOMPARE(content->minimumWidth(), openWidth);
+
+        cc->setSettingsWidth(200);
+        QVERIFY(content->minimumWidth() <= 200 && content->maximumWidth() == content->minimumWidth());
+    }
+
     void closingWithPendingEdits_data()
     {
         QTest::addColumn<Host>("kind");
