@@ -80,7 +80,8 @@ std::optional<StartupTimes> startProbed(const QString& program, const QByteArray
         process.kill();
 
     StartupTimes times;
-    if (finished && process.exitStatus() == QProcess::NormalExit && readReports(reportsPath, start, !pagesClass.isEmpty(), !input.variable.isEmpty(), times))
+    if (finished && process.exitStatus() == QProcess::NormalExit
+        && readReports(reportsPath, start, !pagesClass.isEmpty(), !input.variable.isEmpty(), times))
         return times;
     QFile errors(errorsPath);
     errors.open(QIODevice::ReadOnly);

@@ -19,7 +19,8 @@ QString memoryFolder()
 bool writeFile(const QString& path, const QByteArray& contents)
 {
     QFile file(path);
-    return QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size();
+    return QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly)
+        && file.write(contents) == contents.size();
 }
 
 } // namespace

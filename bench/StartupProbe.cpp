@@ -19,7 +19,10 @@
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QMouseEvent>
+#include <QScrollBar>
+#include <QTimer>
 #include <QWheelEvent>
 #include <QWidget>
 
@@ -51,7 +54,7 @@ void report(const char* what)
     clock_gettime(CLOCK_MONOTONIC, &now);
     char line[96];
     const int length = std::snprintf(line, sizeof line, "%s %lld %ld\n", what,
-                                     static_cast<long long>(now.tv_sec) * 1000000000LL + now.tv_nsec, peakResidentKiB());
+        static_cast<long long>(now.tv_sec) * 1000000000LL + now.tv_nsec, peakResidentKiB());
     const char* path = std::getenv("STARTUP_PROBE_OUTPUT");
     const int output = path ? ::open(path, O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644) : STDOUT_FILENO;
     if (output < 0)
@@ -67,16 +70,27 @@ void report(const char* what)
 class ProbeInput
 {
 public:
-    ProbeInput() : m_button(qEnvironmentVariable("STARTUP_PROBE_CLICK")), m_wheel(qEnvironmentVariable("STARTUP_PROBE_WHEEL")) {}
+    ProbeInput()
+        : m_button(qEnvironmentVariable("STARTUP_PROBE_CLICK"))
+        , m_wheel(qEnvironmentVariable("STARTUP_PROBE_WHEEL"))
+    {
+    }
 
     bool isWanted() const { return !m_button.isEmpty() || !m_wheel.isEmpty(); }
+
+    // A program may still be building what the input goes to: a user cannot click a
+    // button before it shows.
+    bool isTargetShown() const
+    {
+        return m_button.isEmpty() ? wheelTarget() != nullptr : button() != nullptr;
+    }
 
     // False when its target is not on screen.
     bool send() const
     {
         if (!m_button.isEmpty())
             return click();
-        QWidget* target = visibleWidget([this](const QWidget* widget) { return widget->objectName() == m_wheel; });
+        QWidget* target = wheelTarget();
         if (!target)
             return false;
         // A wheel event sent by hand does not travel up from the widget under the mouse
@@ -91,12 +105,28 @@ public:
     }
 
 private:
-    bool click() const
+    // A scroll area takes the wheel once it has something to scroll.
+    QWidget* wheelTarget() const
     {
-        QWidget* button = visibleWidget([this](const QWidget* widget) {
+        return visibleWidget([this](const QWidget* widget) {
+            if (widget->objectName() != m_wheel)
+                return false;
+            const auto* scrollArea = qobject_cast<const QAbstractScrollArea*>(widget);
+            return !scrollArea || scrollArea->verticalScrollBar()->maximum() > 0;
+        });
+    }
+
+    QWidget* button() const
+    {
+        return visibleWidget([this](const QWidget* widget) {
             const auto* asButton = qobject_cast<const QAbstractButton*>(widget);
             return asButton && asButton->text() == m_button;
         });
+    }
+
+    bool click() const
+    {
+        QWidget* button = this->button();
         if (!button)
             return false;
         const QPoint middle = button->rect().center();
@@ -170,6 +200,14 @@ private:
     // A button repaints itself while it handles the press: that paint answers too.
     void sendInput()
     {
+        if (!m_input.isTargetShown()) {
+            if (!m_waitingForTarget.isValid())
+                m_waitingForTarget.start();
+            if (!m_waitingForTarget.hasExpired(TargetWait)) {
+                QTimer::singleShot(1, this, [this] { sendInput(); });
+                return;
+            }
+        }
         report("input");
         m_inputSent = true;
         if (!m_input.send()) {
@@ -182,6 +220,8 @@ private:
     const ProbeInput m_input;
     bool m_framed = false;
     bool m_inputSent = false;
+    QElapsedTimer m_waitingForTarget;
+    static constexpr qint64 TargetWait = 2000; // ms
 };
 
 void watchPaints()

@@ -81,8 +81,8 @@ void printAnswer(const MeasuredInput& input)
 void printRatio(const char* what, const std::vector<double>& ours, const std::vector<double>& theirs, double goal)
 {
     const auto [low, high] = ratioInterval(ours, theirs);
-    std::printf("%-34s %5.2f (95%% between %.2f and %.2f; goal <= %.1f)\n", what, median(ours) / median(theirs), low, high,
-                goal);
+    std::printf("%-34s %5.2f (95%% between %.2f and %.2f; goal <= %.1f)\n", what, median(ours) / median(theirs), low,
+        high, goal);
 }
 
 } // namespace
@@ -107,7 +107,8 @@ int main(int argc, char** argv)
 
     std::vector<MeasuredInput> inputs = {
         {"editor: page click to paint:", {QStringLiteral("STARTUP_PROBE_CLICK"), QStringLiteral("About")}, {}},
-        {"editor: drawer wheel to paint:", {QStringLiteral("STARTUP_PROBE_WHEEL"), QStringLiteral("settingsScrollArea")}, {}},
+        {"editor: drawer wheel to paint:",
+            {QStringLiteral("STARTUP_PROBE_WHEEL"), QStringLiteral("settingsScrollArea")}, {}},
     };
 
     // One start of each first, unmeasured: it fills the file caches and lets each program
@@ -139,7 +140,8 @@ int main(int argc, char** argv)
     else
         printRatio("ours pages / qt6ct frame:", ours.pagesMs, programs[2].frameMs, 1.2);
     printRatio("ours pages / bare window frame:", ours.pagesMs, bare.frameMs, 3);
-    std::printf("%-34s %+5.1f MiB (goal <= 15)\n", "memory ours - bare window:", median(ours.peakMiB) - median(bare.peakMiB));
+    std::printf(
+        "%-34s %+5.1f MiB (goal <= 15)\n", "memory ours - bare window:", median(ours.peakMiB) - median(bare.peakMiB));
     for (const MeasuredInput& input : inputs)
         printAnswer(input);
     return 0;
