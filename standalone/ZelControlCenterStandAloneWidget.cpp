@@ -22,6 +22,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <type_traits>
 
 namespace zel {
 
@@ -30,6 +31,7 @@ namespace {
 // The narrowest the settings column gets, its pages still whole; and the logo's room.
 constexpr int DrawerMinimumWidth = 320;
 constexpr int LogoWidth = 100;
+constexpr int PageInterval = 16; // ms
 
 } // namespace
 
@@ -102,24 +104,47 @@ void ZelControlCenterStandAloneWidget::buildControlCenter()
     m_ui->scrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_ui->scrollArea->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 
-    QSettings& settings = m_application->getSettings();
-    m_displayPanel = std::make_unique<ZelRendererSettingsPanel>(m_application, settings, nullptr, Qt::WindowFlags());
-    m_generalPanel = std::make_unique<ZelGeneralSettingsPanel>(m_application, settings, nullptr, Qt::WindowFlags());
-    m_simplificationPanel =
-        std::make_unique<ZelSimplificationSettingsPanel>(m_application, settings, nullptr, Qt::WindowFlags());
-    m_importPanel = std::make_unique<ZelImportSettingsPanel>(m_application, settings, nullptr, Qt::WindowFlags());
-    m_aboutPanel = std::make_unique<ZelAboutSettingsPanel>(m_application, settings, nullptr, Qt::WindowFlags());
-    for (ZelSettingsPanel* page : pages())
-        m_controlCenter->registerSettingsPanel(page);
     m_controlCenter->setSettingsWritable(!m_readOnly);
     connect(m_controlCenter.get(), &ZelControlCenter::modificationsApplied, this,
             &ZelControlCenterStandAloneWidget::writeAppliedSettings);
-    // The placeholder's logo comes with the pages too: Qt loads every image-format
-    // plug-in before it reads its first image, which the first frame need not wait for.
-    m_ui->uiDummyContent->setPixmap(QPixmap(QStringLiteral(":/controlCenter/controlCenter/logo-torvane.png")));
-    setWindowIcon(applicationIcon());
+
+    // The first page opens the drawer; the others follow one per pass of the event loop,
+    // so that the drawer shows before they are all built and no input waits long.
+    buildNextPage();
     if (m_menuRequested)
         openMenu();
+}
+
+void ZelControlCenterStandAloneWidget::buildNextPage()
+{
+    QSettings& settings = m_application->getSettings();
+    const auto build = [this, &settings](auto& slot) -> ZelSettingsPanel* {
+        using Page = typename std::decay_t<decltype(slot)>::element_type;
+        slot = std::make_unique<Page>(m_application, settings);
+        return slot.get();
+    };
+    ZelSettingsPanel* page = nullptr;
+    if (!m_displayPanel)
+        page = build(m_displayPanel);
+    else if (!m_generalPanel)
+        page = build(m_generalPanel);
+    else if (!m_simplificationPanel)
+        page = build(m_simplificationPanel);
+    else if (!m_importPanel)
+        page = build(m_importPanel);
+    else if (!m_aboutPanel)
+        page = build(m_aboutPanel);
+    if (page) {
+        m_controlCenter->registerSettingsPanel(page);
+        // A frame apart, so that the drawer's slide and the user's input come first.
+        QTimer::singleShot(PageInterval, this, &ZelControlCenterStandAloneWidget::buildNextPage);
+        return;
+    }
+    // The placeholder's logo comes last: Qt loads every image-format plug-in before it
+    // reads its first image, which the pages need not wait for.
+    m_ui->uiDummyContent->setPixmap(QPixmap(QStringLiteral(":/controlCenter/controlCenter/logo-torvane.png")));
+    setWindowIcon(applicationIcon());
+    Q_EMIT pagesBuilt();
 }
 
 ZelControlCenterStandAloneWidget::~ZelControlCenterStandAloneWidget()
@@ -142,8 +167,16 @@ ZelControlCenterStandAloneWidget::~ZelControlCenterStandAloneWidget()
 
 std::vector<ZelSettingsPanel*> ZelControlCenterStandAloneWidget::pages() const
 {
-    return {m_displayPanel.get(), m_generalPanel.get(), m_simplificationPanel.get(), m_importPanel.get(),
-            m_aboutPanel.get()};
+    std::vector<ZelSettingsPanel*> built;
+    for (ZelSettingsPanel* page : {static_cast<ZelSettingsPanel*>(m_displayPanel.get()),
+                                   static_cast<ZelSettingsPanel*>(m_generalPanel.get()),
+                                   static_cast<ZelSettingsPanel*>(m_simplificationPanel.get()),
+                                   static_cast<ZelSettingsPanel*>(m_importPanel.get()),
+                                   static_cast<ZelSettingsPanel*>(m_aboutPanel.get())}) {
+        if (page)
+            built.push_back(page);
+    }
+    return built;
 }
 
 QIcon ZelControlCenterStandAloneWidget::applicationIcon()

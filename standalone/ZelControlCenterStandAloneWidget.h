@@ -30,9 +30,9 @@ class ZelSimplificationSettingsPanel;
 
 // The stand-alone settings editor's frameless window: a header with the product name
 // and its own window buttons, and a control center with every settings page.
-// The control center and its pages, a few hundred styled widgets, are built right after
-// the window's first frame: the window answers at once, and the menu slides in as soon
-// as they exist, as it always does.
+// The control center and its first page are built right after the window's first frame,
+// the other pages one per pass of the event loop: the window answers at once, and the
+// menu slides in as soon as the first page exists, as it always does.
 class ZEL_CONTROLCENTER_EXPORT ZelControlCenterStandAloneWidget : public QWidget
 {
     Q_OBJECT
@@ -53,6 +53,10 @@ public:
     // The settings cannot be written: the pages show them, Apply stays disabled.
     void setSettingsReadOnly();
 
+Q_SIGNALS:
+    // Every page is built and registered.
+    void pagesBuilt();
+
 public Q_SLOTS:
     void triggerMinimize();
     // Maximises, or restores a maximised window.
@@ -70,6 +74,8 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    // Builds and registers the next page not yet built; after the last, the logo.
+    void buildNextPage();
     // Shrinks and moves the window into the screen's available area, whatever its scale.
     void fitToScreen();
     void buildControlCenter();

@@ -7,6 +7,7 @@
 #include "ZelControlCenterStandAloneWidget.h"
 #include "ZelSettingsApplication.h"
 
+#include <QSignalSpy>
 #include <QTest>
 
 #include <memory>
@@ -28,11 +29,13 @@ struct EditorWindow
         QVERIFY2(ZelControlCenter::EnsureSettings(application->getSettings(), error), qPrintable(error));
         window = std::make_unique<zel::ZelControlCenterStandAloneWidget>(application.get(), nullptr,
                                                                          Qt::FramelessWindowHint);
+        QSignalSpy built(window.get(), &zel::ZelControlCenterStandAloneWidget::pagesBuilt);
         window->show();
         // As launch does it: asked before the pages exist, the menu opens once they do.
         window->openMenu();
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
-        QTRY_VERIFY(window->controlCenter() && window->controlCenter()->isSettingsOpen());
+        QVERIFY(!built.isEmpty() || built.wait());
+        QTRY_VERIFY(window->controlCenter()->isSettingsOpen());
     }
 
     void close()
