@@ -109,6 +109,9 @@ void ZelFieldMarks::watch(QWidget* editor)
 
 void ZelFieldMarks::mark(QWidget* editor, bool differs)
 {
+    // A field that never left its default costs nothing and keeps its own menu.
+    if (!differs && m_differs.find(editor) == m_differs.end())
+        return;
     watch(editor);
     bool& marked = m_differs[editor];
     if (marked != differs) {

@@ -19,7 +19,7 @@ class ZelFieldMarker;
 // marker beside the field, whose tool tip tells the default, the dynamic property
 // "differsFromDefault" on the field's widget, and "Reset to default" in the field's
 // context menu. The page pattern decides which fields differ; this class only shows it.
-// Nothing is created for a field until it first differs or is asked for its menu.
+// Nothing is done for a field until it first differs: until then it keeps its own menu.
 class ZEL_CONTROLCENTER_EXPORT ZelFieldMarks : public QObject
 {
     Q_OBJECT
@@ -34,8 +34,6 @@ public:
     ZelFieldMarks(QWidget* page, DefaultText defaultText, ResetField resetField);
     ~ZelFieldMarks() override;
 
-    // Offers "Reset to default" in the editor's context menu from now on.
-    void watch(QWidget* editor);
     void mark(QWidget* editor, bool differs);
 
     // The label naming `editor` beside it (its buddy), where its form gives it one.
@@ -55,6 +53,9 @@ protected:
 private:
     Q_DISABLE_COPY_MOVE(ZelFieldMarks)
 
+    // Offers "Reset to default" in the editor's context menu from now on, and keeps its
+    // marker beside it as it and the widgets holding it move.
+    void watch(QWidget* editor);
     void showMarker(QWidget* editor, ZelFieldMarker* marker) const;
     void showContextMenu(QWidget* editor, const QPoint& globalPosition);
 
