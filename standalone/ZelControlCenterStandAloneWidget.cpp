@@ -5,6 +5,7 @@
 #include "ZelGeneralSettingsPanel.h"
 #include "ZelRendererSettingsPanel.h"
 #include "ZelImportSettingsPanel.h"
+#include "ZelPageHost.h"
 #include "ZelSettingsNotice.h"
 #include "ZelSettingsWatch.h"
 #include "ZelSimplificationSettingsPanel.h"
@@ -118,9 +119,11 @@ void ZelControlCenterStandAloneWidget::buildControlCenter()
 void ZelControlCenterStandAloneWidget::buildNextPage()
 {
     QSettings& settings = m_application->getSettings();
-    const auto build = [this, &settings](auto& slot) -> ZelSettingsPanel* {
+    // Built where the control center puts it, a page is styled once.
+    QWidget* host = pageHost(*m_controlCenter);
+    const auto build = [this, &settings, host](auto& slot) -> ZelSettingsPanel* {
         using Page = typename std::decay_t<decltype(slot)>::element_type;
-        slot = std::make_unique<Page>(m_application, settings);
+        slot = std::make_unique<Page>(m_application, settings, host);
         return slot.get();
     };
     ZelSettingsPanel* page = nullptr;
