@@ -62,8 +62,7 @@ ZelControlCenter::ZelControlCenter(kqDMIApplication* application, QWidget* paren
     , m_application(application)
 {
     m_ui->setupUi(this);
-    const QString styleSheet = kqDMIApplication::GetStylesheet(QStringLiteral("ZelControlCenter"));
-    setStyleSheet(styleSheet);
+    setStyleSheet(kqDMIApplication::GetStylesheet(QStringLiteral("ZelControlCenter")));
     setObjectName(QStringLiteral("ZelControlCenter"));
 
     // The form would translate under its own name; the library's texts live under "ZelControlCenter".
@@ -92,14 +91,16 @@ ZelControlCenter::ZelControlCenter(kqDMIApplication* application, QWidget* paren
     m_ui->verticalLayout_4->setAlignment(Qt::AlignTop);
 
     // The drawer slides by its width; the host lays it out beside this widget, which
-    // takes it out of reach of this widget's style sheet, so it carries its own.
+    // takes it out of reach of this widget's style sheet, so it carries its own. Each
+    // sheet holds only its side's rules: every widget is matched against all of them.
     m_drawerScroll = m_ui->settingsScrollArea;
     m_ui->horizontalLayout_30->removeWidget(m_drawerScroll);
     m_drawer = new QWidget;
     m_drawer->setObjectName(QStringLiteral("settingsDrawer"));
     m_pages = std::make_unique<ZelCCPages>(m_ui->verticalLayout_6, m_ui->verticalLayout_8);
     m_search = std::make_unique<ZelCCSearch>(m_drawer, m_drawerScroll, m_pages->pages());
-    m_drawer->setStyleSheet(styleSheet + kqDMIApplication::GetStylesheet(QStringLiteral("ZelCCSearch")));
+    m_drawer->setStyleSheet(kqDMIApplication::GetStylesheet(QStringLiteral("ZelCCDrawer"))
+                            + kqDMIApplication::GetStylesheet(QStringLiteral("ZelCCSearch")));
     m_ui->controlCenterButton->setChecked(false);
     m_drawer->hide();
     auto* find = new QShortcut(QKeySequence::Find, this);
