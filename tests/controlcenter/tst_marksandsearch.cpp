@@ -13,7 +13,6 @@
 
 #include <QAbstractSpinBox>
 #include <QCheckBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
@@ -175,7 +174,6 @@ private Q_SLOTS:
         QTest::keyClick(m_window->windowHandle(), Qt::Key_F, Qt::ControlModifier);
         type("xyzzy");
         QVERIFY(child("noSettingMatches")->isVisible());
-        QCOMPARE(child<QLabel>("noSettingMatches")->text(), "No setting matches");
         QVERIFY(!general()->isVisible() && !display()->isVisible());
     }
 };

@@ -87,13 +87,8 @@ void answerNext()
     }
     if (answer == "fits") {
         QStringList problems;
-        const QRect screen = target->screen()->availableGeometry();
-        if (!screen.contains(target->frameGeometry()))
-            problems << QString("window %1x%2 outside %3x%4")
-                            .arg(target->width())
-                            .arg(target->height())
-                            .arg(screen.width())
-                            .arg(screen.height());
+        if (!target->screen()->availableGeometry().contains(target->frameGeometry()))
+            problems << "window outside the screen";
         // Buttons in a scroll area may lie out of sight; the others must be whole.
         for (const QAbstractButton* button : target->findChildren<QAbstractButton*>()) {
             const QRect inWindow(button->mapTo(target, QPoint()), button->size());

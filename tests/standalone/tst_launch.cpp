@@ -350,11 +350,8 @@ private Q_SLOTS:
         QFETCH(QByteArray, scale);
         writeSettings("settingsVersion=2\nengine=deferred\n");
         const QString screens = m_home.path() + "/screens.json";
-        QFile config(screens);
-        QVERIFY(config.open(QIODevice::WriteOnly));
-        config.write(R"({"screens": [{"name": "s", "x": 0, "y": 0, "width": 1280, "height": 900,
-                         "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
-        config.close();
+        QVERIFY(writeBytes(screens, R"({"screens": [{"name": "s", "x": 0, "y": 0, "width": 1280, "height": 900,
+                                      "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})"));
         const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
         const auto restore = qScopeGuard([&platform] {
             qputenv("QT_QPA_PLATFORM", platform);
