@@ -31,6 +31,16 @@ QString marksText(const char* text)
     return QCoreApplication::translate("ZelFieldMarks", text);
 }
 
+// Amber with a dark ring reads on every page's hue, light or dark.
+void drawDot(QPainter& painter)
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(0x1b, 0x1b, 0x24), 1.5));
+    painter.setBrush(QColor(0xff, 0xb3, 0x00));
+    const qreal inset = (MarkerSize - DotSize) / 2.0;
+    painter.drawEllipse(QRectF(inset, inset, DotSize, DotSize));
+}
+
 void repolish(QWidget* widget)
 {
     widget->style()->unpolish(widget);
@@ -78,7 +88,7 @@ protected:
     void paintEvent(QPaintEvent*) override
     {
         QPainter painter(this);
-        painter.drawPixmap(0, 0, ZelFieldMarks::markerPixmap(devicePixelRatioF()));
+        drawDot(painter);
     }
 
 private:
@@ -154,12 +164,8 @@ QPixmap ZelFieldMarks::markerPixmap(qreal devicePixelRatio)
     pixmap.setDevicePixelRatio(devicePixelRatio);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    // Amber with a dark ring reads on every page's hue, light or dark.
-    painter.setPen(QPen(QColor(0x1b, 0x1b, 0x24), 1.5));
-    painter.setBrush(QColor(0xff, 0xb3, 0x00));
-    const qreal inset = (MarkerSize - DotSize) / 2.0;
-    painter.drawEllipse(QRectF(inset, inset, DotSize, DotSize));
+    drawDot(painter);
+    painter.end();
     return pixmap;
 }
 
