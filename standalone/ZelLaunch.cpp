@@ -8,6 +8,7 @@
 #include "ZelSettingsKeys.h"
 #include "ZelSettingsStart.h"
 #include "ZelSingleInstance.h"
+#include "ZelStartupWarmUp.h"
 #include "ZelKernel.h"
 #include "kqSystem.h"
 
@@ -155,11 +156,13 @@ QString loadTranslation(const QSettings& settings, QTranslator& translator)
 int launch(int argc, char** argv)
 {
     using namespace zel;
+    ZelFontConfigWarmUp fontConfig;
     qInstallMessageHandler(writeToStandardOutput);
     // The viewer's plug-ins live in "bin"; Qt's own folder stays, or no platform loads.
     QCoreApplication::setLibraryPaths({QStringLiteral("bin"), QLibraryInfo::path(QLibraryInfo::PluginsPath)});
 
     QApplication app(argc, argv);
+    const ZelImageFormatWarmUp imageFormats;
     // Message boxes speak in the typeface of the windows.
     QFont font = QApplication::font();
     font.setFamily(QStringLiteral("Open Sans"));
@@ -203,6 +206,7 @@ int launch(int argc, char** argv)
     }
     QString engine;
     if (!rendererKnown) {
+        fontConfig.waitUntilLoaded();
         QApplication::setWindowIcon(ZelControlCenterStandAloneWidget::applicationIcon());
         ZelRendererSelector selector(nullptr, Qt::WindowFlags());
         if (selector.exec() != QDialog::Accepted) {
@@ -230,6 +234,7 @@ int launch(int argc, char** argv)
 
         if (start.beforePass(error) && ZelControlCenter::EnsureSettings(applicationSettings, error)) {
             start.afterPass();
+            fontConfig.waitUntilLoaded();
             result = runEditor(application, instance, start, !engine.isEmpty());
         } else {
             fatalError = error;
