@@ -38,7 +38,9 @@ bool ZelCCActionItem::isWorkflowSpecific() const
 
 void ZelCCActionItem::onActionChanged()
 {
-    setVisible(m_action->isVisible());
+    // A new item shows with its column; showing it here would style it before it is in place.
+    if (isVisibleTo(parentWidget()) != m_action->isVisible())
+        setVisible(m_action->isVisible());
     m_ui->actionButton->setText(m_action->getActionGuiName());
 
     // An empty shortcut only hides the label: the old text stays behind it.

@@ -61,8 +61,9 @@ ZelControlCenter::ZelControlCenter(kqDMIApplication* application, QWidget* paren
     , m_clickGuard(std::make_unique<ZelCCClickGuard>(application))
     , m_application(application)
 {
-    m_ui->setupUi(this);
+    // The sheet first: children made after it are styled once, not again when it comes.
     setStyleSheet(kqDMIApplication::GetStylesheet(QStringLiteral("ZelControlCenter")));
+    m_ui->setupUi(this);
     setObjectName(QStringLiteral("ZelControlCenter"));
 
     // The form would translate under its own name; the library's texts live under "ZelControlCenter".
@@ -95,12 +96,13 @@ ZelControlCenter::ZelControlCenter(kqDMIApplication* application, QWidget* paren
     // sheet holds only its side's rules: every widget is matched against all of them.
     m_drawerScroll = m_ui->settingsScrollArea;
     m_ui->horizontalLayout_30->removeWidget(m_drawerScroll);
-    m_drawer = new QWidget;
+    // Made where this widget is, the drawer is styled where a host usually puts it.
+    m_drawer = new QWidget(parent);
     m_drawer->setObjectName(QStringLiteral("settingsDrawer"));
-    m_pages = std::make_unique<ZelCCPages>(m_ui->verticalLayout_6, m_ui->verticalLayout_8);
-    m_search = std::make_unique<ZelCCSearch>(m_drawer, m_drawerScroll, m_pages->pages());
     m_drawer->setStyleSheet(kqDMIApplication::GetStylesheet(QStringLiteral("ZelCCDrawer"))
                             + kqDMIApplication::GetStylesheet(QStringLiteral("ZelCCSearch")));
+    m_pages = std::make_unique<ZelCCPages>(m_ui->verticalLayout_6, m_ui->verticalLayout_8);
+    m_search = std::make_unique<ZelCCSearch>(m_drawer, m_drawerScroll, m_pages->pages());
     m_ui->controlCenterButton->setChecked(false);
     m_drawer->hide();
     auto* find = new QShortcut(QKeySequence::Find, this);

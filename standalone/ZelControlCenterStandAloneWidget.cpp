@@ -91,7 +91,9 @@ bool ZelControlCenterStandAloneWidget::event(QEvent* event)
 
 void ZelControlCenterStandAloneWidget::buildControlCenter()
 {
-    m_controlCenter = std::make_unique<ZelControlCenter>(m_application, nullptr, Qt::WindowFlags());
+    // Made in its place, the control center is styled once, not again when it moves in.
+    m_controlCenter =
+        std::make_unique<ZelControlCenter>(m_application, m_ui->controlCenterContentFrame, Qt::WindowFlags());
     m_controlCenter->setGUIHandler(this);
     m_ui->contentLayout->insertWidget(0, m_controlCenter.get());
     m_ui->contentLayout->insertWidget(1, m_controlCenter->settingsWidget());
