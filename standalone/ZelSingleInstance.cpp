@@ -1,27 +1,25 @@
 #include "ZelSingleInstance.h"
 
+#include "ZelInstanceChannel_p.h"
 #include "kqSystem.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>
-#include <QDataStream>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLocalServer>
-#include <QLocalSocket>
+#include <QLibrary>
 #include <QLockFile>
 #include <QStandardPaths>
-#include <QThread>
 #include <QWidget>
+
+#if defined(Q_OS_UNIX)
+#include <dlfcn.h>
+#endif
 
 namespace zel {
 
 namespace {
-
-// Sent back once a message is read, so that the sender may quit right away.
-const char Acknowledge = '!';
 
 QString instanceId(QString executablePath)
 {
@@ -80,6 +78,31 @@ QString lockPath(const QString& id)
     return QDir(instanceFolder()).filePath(id + QStringLiteral(".lock"));
 }
 
+// The channel module lies beside this library, wherever both are installed.
+QString channelModulePath()
+{
+    QString folder = QCoreApplication::applicationDirPath();
+#if defined(Q_OS_UNIX)
+    Dl_info library{};
+    if (dladdr(reinterpret_cast<const void*>(&channelModulePath), &library) && library.dli_fname)
+        folder = QFileInfo(QFile::decodeName(library.dli_fname)).absolutePath();
+#endif
+    return QDir(folder).filePath(QStringLiteral("ZelInstanceChannel"));
+}
+
+// Loads the module and makes a channel; null with `error` when it cannot.
+std::unique_ptr<ZelInstanceChannel> openChannel(QString& error)
+{
+    // Never unloaded: the channel's code must outlive every channel.
+    QLibrary module(channelModulePath());
+    const auto create = reinterpret_cast<CreateInstanceChannel>(module.resolve(CreateInstanceChannelName));
+    if (!create) {
+        error = module.errorString();
+        return nullptr;
+    }
+    return std::unique_ptr<ZelInstanceChannel>(create());
+}
+
 } // namespace
 
 ZelSingleInstance::ZelSingleInstance(const QString& executablePath, QObject* parent)
@@ -90,8 +113,8 @@ ZelSingleInstance::ZelSingleInstance(const QString& executablePath, QObject* par
 
 ZelSingleInstance::~ZelSingleInstance()
 {
-    if (m_server)
-        m_server->close();
+    if (m_channelLoader.joinable())
+        m_channelLoader.join();
 }
 
 QString ZelSingleInstance::id() const
@@ -116,75 +139,44 @@ bool ZelSingleInstance::isRunning()
         qWarning("Cannot take the single-instance lock %s; starting anyway", qUtf8Printable(lockPath(m_id)));
     }
     m_primary = true;
-    if (!listen())
-        qWarning("Cannot listen for other starts on %s", qUtf8Printable(serverName(m_id)));
+    // The module loads on another core while this one goes on starting; the socket is
+    // made here once it has. Later starts keep trying until then.
+    m_channelLoader = std::thread([this] {
+        QString error;
+        const std::shared_ptr<ZelInstanceChannel> channel = openChannel(error);
+        QMetaObject::invokeMethod(
+            this, [this, channel, error] { listen(channel, error); }, Qt::QueuedConnection);
+    });
     return false;
 }
 
-bool ZelSingleInstance::listen()
+void ZelSingleInstance::listen(const std::shared_ptr<ZelInstanceChannel>& channel, const QString& loadError)
 {
     const QString name = serverName(m_id);
-    m_server = new QLocalServer(this);
-    if (needsPrivateSocket(name))
-        m_server->setSocketOptions(QLocalServer::UserAccessOption);
-    connect(m_server, &QLocalServer::newConnection, this, &ZelSingleInstance::readMessages);
-    if (m_server->listen(name))
-        return true;
-    // A socket left by a killed primary: the lock says nobody else owns it.
-    QLocalServer::removeServer(name);
-    return m_server->listen(name);
-}
-
-void ZelSingleInstance::readMessages()
-{
-    while (QLocalSocket* socket = m_server->nextPendingConnection()) {
-        connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-        connect(socket, &QLocalSocket::readyRead, this, [this, socket] {
-            QDataStream stream(socket);
-            stream.startTransaction();
-            QString message;
-            stream >> message;
-            if (!stream.commitTransaction())
-                return;
-            socket->write(&Acknowledge, 1);
-            socket->flush();
+    QString error = loadError;
+    if (channel) {
+        const auto onMessage = [this](const QString& message) {
             Q_EMIT messageReceived(message);
             if (m_activateOnMessage)
                 activateWindow();
-        });
+        };
+        if (channel->listen(name, needsPrivateSocket(name), onMessage, error))
+            m_channel = channel;
     }
+    if (!m_channel)
+        qWarning("Cannot listen for other starts on %s: %s", qUtf8Printable(name), qUtf8Printable(error));
+    Q_EMIT listening(m_channel != nullptr);
 }
 
 bool ZelSingleInstance::sendMessage(const QString& message, int timeout, QString* error)
 {
-    const QDeadlineTimer deadline(timeout);
-    QLocalSocket socket;
-    // The primary may hold the lock a moment before it listens.
-    for (;;) {
-        socket.connectToServer(serverName(m_id));
-        if (socket.waitForConnected(int(deadline.remainingTime())))
-            break;
-        if (deadline.hasExpired()) {
-            if (error)
-                *error = socket.errorString();
-            return false;
-        }
-        QThread::msleep(20);
-    }
-    QByteArray data;
-    QDataStream stream(&data, QIODevice::WriteOnly);
-    stream << message;
-    socket.write(data);
-    char answer = 0;
-    while (socket.bytesAvailable() < 1) {
-        if (deadline.hasExpired() || !socket.waitForReadyRead(int(deadline.remainingTime()))) {
-            if (error)
-                *error = socket.errorString();
-            return false;
-        }
-    }
-    socket.read(&answer, 1);
-    return answer == Acknowledge;
+    QString reason;
+    const std::unique_ptr<ZelInstanceChannel> channel = openChannel(reason);
+    if (channel && channel->send(serverName(m_id), message, timeout, reason))
+        return true;
+    if (error)
+        *error = reason;
+    return false;
 }
 
 void ZelSingleInstance::setActivationWindow(QWidget* window, bool activateOnMessage)

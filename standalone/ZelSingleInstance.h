@@ -7,18 +7,20 @@
 #include <QString>
 
 #include <memory>
+#include <thread>
 
-class QLocalServer;
 class QLockFile;
 class QWidget;
 
 namespace zel {
 
+class ZelInstanceChannel;
+
 // One running editor per user and executable. The first process to take a lock file (in
-// the session's runtime folder) becomes the primary and listens on a local socket; later processes find the lock taken
-// and send their message to the primary instead of opening a window. The lock belongs to
-// a process id, so a primary that crashed or was killed leaves a stale lock that the
-// next start takes over.
+// the session's runtime folder) becomes the primary and listens on a local socket; later
+// processes find the lock taken and send their message to the primary instead of opening
+// a window. The lock belongs to a process id, so a primary that crashed or was killed
+// leaves a stale lock that the next start takes over.
 class ZEL_CONTROLCENTER_EXPORT ZelSingleInstance : public QObject
 {
     Q_OBJECT
@@ -30,7 +32,8 @@ public:
     ~ZelSingleInstance() override;
 
     // True when another process is the primary. Otherwise this process has become the
-    // primary and receives messages from then on.
+    // primary: it listens once its event loop runs (`listening`), and later starts wait
+    // for that.
     bool isRunning();
     // Sends `message` to the primary and waits until it has read it, at most `timeout`
     // milliseconds in all; false with `error` set when it could not be delivered.
@@ -49,16 +52,19 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     void messageReceived(const QString& message);
+    // The primary listens for later starts from now on; false when it cannot (warned).
+    void listening(bool listens);
 
 private:
-    void readMessages();
-    bool listen();
+    void listen(const std::shared_ptr<ZelInstanceChannel>& channel, const QString& loadError);
 
     Q_DISABLE_COPY_MOVE(ZelSingleInstance)
     QString m_id;
     std::unique_ptr<QLockFile> m_lock;
-    // Owned through its parent, this object; null unless primary.
-    QLocalServer* m_server = nullptr;
+    // Null unless primary and listening.
+    std::shared_ptr<ZelInstanceChannel> m_channel;
+    // Loads the channel module for a primary; joined on destruction.
+    std::thread m_channelLoader;
     QPointer<QWidget> m_window;
     bool m_activateOnMessage = false;
     bool m_primary = false;

@@ -239,7 +239,10 @@ private Q_SLOTS:
         const auto restore = qScopeGuard([&runtime] { qputenv("XDG_RUNTIME_DIR", runtime); });
 
         ZelSingleInstance instance(QStringLiteral(TORVANE_SETTINGS));
+        QSignalSpy listening(&instance, &ZelSingleInstance::listening);
         QVERIFY(!instance.isRunning());
+        QVERIFY(listening.wait());
+        QCOMPARE(listening.at(0).at(0).toBool(), true);
         // Out of the private runtime folder, no other user may connect.
         const QFileInfo socket(QStringLiteral("/tmp/") + instance.id());
         QVERIFY(socket.exists());
