@@ -114,6 +114,9 @@ int runEditor(ZelSettingsApplication& application, ZelSingleInstance& instance, 
         QObject::connect(&instance, &ZelSingleInstance::messageReceived, &window,
                          &ZelControlCenterStandAloneWidget::parseMessage);
         instance.setActivationWindow(&window);
+        // Once the pages are all there; a start meanwhile waits for it.
+        QObject::connect(&window, &ZelControlCenterStandAloneWidget::pagesBuilt, &instance,
+                         &ZelSingleInstance::startListening);
         if (start.isReadOnly())
             window.setSettingsReadOnly();
         for (const QString& notice : start.takeNoticesOfEarlierStart() + start.notices())
@@ -209,6 +212,7 @@ int launch(int argc, char** argv)
         fontConfig.waitUntilLoaded();
         QApplication::setWindowIcon(ZelControlCenterStandAloneWidget::applicationIcon());
         ZelRendererSelector selector(nullptr, Qt::WindowFlags());
+        instance.startListening();
         if (selector.exec() != QDialog::Accepted) {
             // Cancelled: the user's file is back as it was, once nothing can write it.
             settings.reset();

@@ -139,15 +139,20 @@ bool ZelSingleInstance::isRunning()
         qWarning("Cannot take the single-instance lock %s; starting anyway", qUtf8Printable(lockPath(m_id)));
     }
     m_primary = true;
-    // The module loads on another core while this one goes on starting; the socket is
-    // made here once it has. Later starts keep trying until then.
+    return false;
+}
+
+void ZelSingleInstance::startListening()
+{
+    if (!m_primary || m_channelLoader.joinable())
+        return;
     m_channelLoader = std::thread([this] {
         QString error;
         const std::shared_ptr<ZelInstanceChannel> channel = openChannel(error);
+        // The socket is made on this object's thread, where its messages arrive.
         QMetaObject::invokeMethod(
             this, [this, channel, error] { listen(channel, error); }, Qt::QueuedConnection);
     });
-    return false;
 }
 
 void ZelSingleInstance::listen(const std::shared_ptr<ZelInstanceChannel>& channel, const QString& loadError)

@@ -32,9 +32,13 @@ public:
     ~ZelSingleInstance() override;
 
     // True when another process is the primary. Otherwise this process has become the
-    // primary: it listens once its event loop runs (`listening`), and later starts wait
-    // for that.
+    // primary; later starts wait until it listens.
     bool isRunning();
+    // Makes the primary listen for later starts: the socket's module (Qt Network and
+    // what it pulls in) loads on another thread, and the socket is made on this object's
+    // thread once the event loop gets there (`listening`). Called once the start's own
+    // work is done, so that the loading does not slow it.
+    void startListening();
     // Sends `message` to the primary and waits until it has read it, at most `timeout`
     // milliseconds in all; false with `error` set when it could not be delivered.
     bool sendMessage(const QString& message, int timeout, QString* error = nullptr);

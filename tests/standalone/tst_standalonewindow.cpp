@@ -241,6 +241,7 @@ private Q_SLOTS:
         ZelSingleInstance instance(QStringLiteral(TORVANE_SETTINGS));
         QSignalSpy listening(&instance, &ZelSingleInstance::listening);
         QVERIFY(!instance.isRunning());
+        instance.startListening();
         QVERIFY(listening.wait());
         QCOMPARE(listening.at(0).at(0).toBool(), true);
         // Out of the private runtime folder, no other user may connect.
