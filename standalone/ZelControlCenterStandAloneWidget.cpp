@@ -16,7 +16,6 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QMessageBox>
-#include <QPixmap>
 #include <QPushButton>
 #include <QScreen>
 #include <QShowEvent>
@@ -42,6 +41,8 @@ ZelControlCenterStandAloneWidget::ZelControlCenterStandAloneWidget(kqDMIApplicat
     , m_application(application)
     , m_ui(std::make_unique<Ui::ControlCenterStandAlone>())
 {
+    // Nothing here measures text (the logo is a picture, not an empty text), so the
+    // window can be made while the font configuration still loads: see launch().
     m_ui->setupUi(this);
 
     m_movable = std::make_unique<kq::kqMovableObject>(this);
@@ -145,9 +146,6 @@ void ZelControlCenterStandAloneWidget::buildNextPage()
         QTimer::singleShot(PageInterval, this, &ZelControlCenterStandAloneWidget::buildNextPage);
         return;
     }
-    // The placeholder's logo comes last: Qt loads every image-format plug-in before it
-    // reads its first image, which the pages need not wait for.
-    m_ui->uiDummyContent->setPixmap(QPixmap(QStringLiteral(":/controlCenter/controlCenter/logo-torvane.png")));
     setWindowIcon(applicationIcon());
     Q_EMIT pagesBuilt();
 }

@@ -97,7 +97,7 @@ void showFatalError(const QString& text)
 
 // Runs the editor on a validated Settings.ini; returns the exit code.
 int runEditor(ZelSettingsApplication& application, ZelSingleInstance& instance, const ZelSettingsStart& start,
-              bool selectorShown)
+              bool selectorShown, ZelFontConfigWarmUp& fontConfig)
 {
     QSettings& settings = application.getSettings();
     const QString logFile = settings.value(SettingsKeys::LogFile).toString();
@@ -121,6 +121,8 @@ int runEditor(ZelSettingsApplication& application, ZelSingleInstance& instance, 
             window.setSettingsReadOnly();
         for (const QString& notice : start.takeNoticesOfEarlierStart() + start.notices())
             window.showNotice(notice);
+        // Made while the font configuration loaded, the window shows once it has.
+        fontConfig.waitUntilLoaded();
         window.show();
         window.openMenu();
         result = QApplication::exec();
@@ -238,8 +240,7 @@ int launch(int argc, char** argv)
 
         if (start.beforePass(error) && ZelControlCenter::EnsureSettings(applicationSettings, error)) {
             start.afterPass();
-            fontConfig.waitUntilLoaded();
-            result = runEditor(application, instance, start, !engine.isEmpty());
+            result = runEditor(application, instance, start, !engine.isEmpty(), fontConfig);
         } else {
             fatalError = error;
         }
