@@ -74,7 +74,6 @@ ZelCCSearch::ZelCCSearch(QWidget* drawer, QScrollArea* scrollArea, const std::ve
 {
     m_field->setObjectName(QStringLiteral("settingsSearch"));
     m_field->setPlaceholderText(searchText(QT_TRANSLATE_NOOP("ZelControlCenter", "Find a setting")));
-    m_field->setClearButtonEnabled(true);
     // Both over 4.5:1 on the field's white; the hint lighter than what is typed.
     QPalette palette = m_field->palette();
     palette.setColor(QPalette::Text, QColor(27, 27, 36));
@@ -97,6 +96,10 @@ ZelCCSearch::ZelCCSearch(QWidget* drawer, QScrollArea* scrollArea, const std::ve
     layout->addLayout(searchRow);
     layout->addWidget(scrollArea);
     connect(m_field, &QLineEdit::textChanged, this, &ZelCCSearch::search);
+    // The clear button shows only over text; made with the first, it costs a start nothing.
+    connect(
+        m_field, &QLineEdit::textChanged, m_field, [field = m_field] { field->setClearButtonEnabled(true); },
+        Qt::SingleShotConnection);
 }
 
 ZelCCSearch::~ZelCCSearch() = default;

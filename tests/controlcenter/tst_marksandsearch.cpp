@@ -19,6 +19,7 @@
 #include <QScrollArea>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 #include <QToolTip>
 #include <QTranslator>
 
@@ -175,6 +176,14 @@ private Q_SLOTS:
         type("xyzzy");
         QVERIFY(child("noSettingMatches")->isVisible());
         QVERIFY(!general()->isVisible() && !display()->isVisible());
+
+        // The field's clear button, there once something is typed, ends the search too.
+        auto* clear = child<QLineEdit>("settingsSearch")->findChild<QToolButton*>();
+        QVERIFY(clear);
+        QTRY_VERIFY(clear->isVisible());
+        click(clear);
+        QCOMPARE(child<QLineEdit>("settingsSearch")->text(), QString());
+        QVERIFY(general()->isVisible() && display()->isVisible());
     }
 };
 
