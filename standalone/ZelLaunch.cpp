@@ -114,7 +114,7 @@ int runEditor(ZelSettingsApplication& application, ZelSingleInstance& instance, 
         QObject::connect(&instance, &ZelSingleInstance::messageReceived, &window,
                          &ZelControlCenterStandAloneWidget::parseMessage);
         instance.setActivationWindow(&window);
-        // Once the pages are all there; a start meanwhile waits for it.
+        // The socket comes once the pages are all built; a later start keeps trying till then.
         QObject::connect(&window, &ZelControlCenterStandAloneWidget::pagesBuilt, &instance,
                          &ZelSingleInstance::startListening);
         if (start.isReadOnly())
