@@ -18,6 +18,7 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QMessageBox>
+#include <QScopeGuard>
 #include <QSettings>
 #include <QTranslator>
 
@@ -167,6 +168,9 @@ int launch(int argc, char** argv)
     QCoreApplication::setLibraryPaths({QStringLiteral("bin"), QLibraryInfo::path(QLibraryInfo::PluginsPath)});
 
     QApplication app(argc, argv);
+    // Qt frees the font configuration as the application goes, also on the early returns
+    // below: one still being read then would outlive it.
+    const auto fontsReadBeforeQuit = qScopeGuard([&fontConfig] { fontConfig.waitUntilLoaded(); });
     const ZelImageFormatWarmUp imageFormats;
     // Message boxes speak in the typeface of the windows.
     QFont font = QApplication::font();

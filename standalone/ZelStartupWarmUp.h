@@ -12,7 +12,8 @@ namespace zel {
 
 // Reads the font configuration. Started before the application object: it touches no
 // Qt code. The first window waits for it (`waitUntilLoaded`); a widget that does not
-// only has Qt's font database read the configuration a second time, in parallel.
+// only has Qt's font database read the configuration a second time, in parallel. Must
+// be loaded before the application object goes, which frees the configuration.
 class ZelFontConfigWarmUp
 {
 public:

@@ -254,10 +254,11 @@ private Q_SLOTS:
         QSignalSpy received(&instance, &ZelSingleInstance::messageReceived);
 
         QProcess second;
+        second.setProcessChannelMode(QProcess::MergedChannels);
         QSignalSpy finished(&second, &QProcess::finished);
         second.start(QStringLiteral(TORVANE_SETTINGS), {QStringLiteral("a"), QStringLiteral("b c")});
         QVERIFY(finished.wait(10000));
-        QCOMPARE(second.exitCode(), 0);
+        QVERIFY2(second.exitCode() == 0, second.readAll().constData());
         QCOMPARE(received.size(), 1);
         QCOMPARE(received.at(0).at(0).toString(), QStringLiteral("a?b c?"));
         QVERIFY(!m_window->isMinimized());
