@@ -3,6 +3,7 @@
 
 #include "ZelCCActionColumn_p.h"
 #include "ZelCCClickGuard_p.h"
+#include "ZelCCDrawerButtons_p.h"
 #include "ZelCCPages_p.h"
 #include "ZelCCSearch_p.h"
 #include "ZelCCSlide_p.h"
@@ -66,25 +67,7 @@ ZelControlCenter::ZelControlCenter(kqDMIApplication* application, QWidget* paren
     m_ui->setupUi(this);
     setObjectName(QStringLiteral("ZelControlCenter"));
 
-    // The form would translate under its own name; the library's texts live under "ZelControlCenter".
-    m_ui->controlCenterButton->setText(QCoreApplication::translate("ZelControlCenter", "Application Settings"));
-    m_ui->resetButton->setText(QCoreApplication::translate("ZelControlCenter", "Reset"));
-    m_ui->applyButton->setText(QCoreApplication::translate("ZelControlCenter", "Apply"));
-    // The keyboard reaches them as it reaches the pages.
-    for (QAbstractButton* button : {static_cast<QAbstractButton*>(m_ui->controlCenterButton),
-                                    static_cast<QAbstractButton*>(m_ui->resetButton),
-                                    static_cast<QAbstractButton*>(m_ui->applyButton)})
-        button->setFocusPolicy(Qt::StrongFocus);
-    // Alt and a letter, as dialog buttons have them, so a host's own Ctrl shortcuts stay its own.
-    const auto withShortcut = [](QAbstractButton* button, const QString& toolTip, QKeyCombination keys) {
-        button->setShortcut(keys);
-        button->setToolTip(toolTip + QStringLiteral(" (") + button->shortcut().toString(QKeySequence::NativeText)
-                           + QLatin1Char(')'));
-    };
-    withShortcut(m_ui->resetButton, QCoreApplication::translate("ZelControlCenter", "Resets all parameters"),
-                 Qt::ALT | Qt::Key_R);
-    withShortcut(m_ui->applyButton, QCoreApplication::translate("ZelControlCenter", "Applies your changes"),
-                 Qt::ALT | Qt::Key_A);
+    setUpDrawerButtons(m_ui->controlCenterButton, m_ui->resetButton, m_ui->applyButton);
 
     // Items, page buttons and pages stack from the top of frames that fill their column.
     m_ui->verticalLayout->setAlignment(Qt::AlignTop);
