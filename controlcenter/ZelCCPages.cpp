@@ -24,6 +24,18 @@ ZelCCPages::ZelCCPages(QBoxLayout* buttons, QBoxLayout* stack)
 
 ZelCCPages::~ZelCCPages() = default;
 
+namespace {
+
+// Inside a drawer that is not on screen, show() would polish the widget and lay it out at
+// a size it does not keep; one that is not hidden shows with the drawer anyway.
+void showWithDrawer(QWidget* widget)
+{
+    if (widget->isHidden() || widget->parentWidget()->isVisible())
+        widget->show();
+}
+
+} // namespace
+
 bool ZelCCPages::add(ZelSettingsPanel* page)
 {
     if (std::find(m_pages.cbegin(), m_pages.cend(), page) != m_pages.cend())
@@ -42,11 +54,10 @@ bool ZelCCPages::add(ZelSettingsPanel* page)
 
     QPushButton* button = page->getActionWidget();
     m_buttons->addWidget(button);
-    m_buttons->parentWidget()->show();
     m_group->addButton(button);
     m_stack->addWidget(page);
-    m_stack->parentWidget()->show();
-    page->show();
+    for (QWidget* widget : {m_buttons->parentWidget(), m_stack->parentWidget(), static_cast<QWidget*>(page)})
+        showWithDrawer(widget);
     page->initializeWidget();
 
     connect(button, &QAbstractButton::clicked, this,

@@ -445,9 +445,11 @@ void ZelControlCenter::openSettingsPanel(bool open)
         m_pages->initialize();
         onStateChanged();
     }
+    // Shown once the slide's first step has sized it, the drawer lays its pages out at the
+    // width they keep, not first at the one it had when it closed.
+    m_slide->slideDrawer(open, wasVisible == open, open ? openDrawerWidth() : m_drawer->width());
     if (open)
         m_drawer->show();
-    m_slide->slideDrawer(open, wasVisible == open, open ? openDrawerWidth() : m_drawer->width());
 }
 
 void ZelControlCenter::ensureSettingVisible(QWidget* widget)

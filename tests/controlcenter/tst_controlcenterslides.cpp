@@ -5,10 +5,24 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QLabel>
 #include <QResizeEvent>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
+#include <QVBoxLayout>
+
+// The widths a widget was given, in order.
+struct WidthLog : QObject {
+    explicit WidthLog(QWidget* widget) { widget->installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Resize)
+            widths.append(static_cast<QResizeEvent*>(event)->size().width());
+        return false;
+    }
+    QList<int> widths;
+};
 
 // How long after a counted press or a resize another press is ignored. Nothing marks its end.
 static constexpr int ClickGuard = 500;
@@ -122,6 +136,30 @@ private Q_SLOTS:
 
         cc->setSettingsWidth(200);
         QVERIFY(content->minimumWidth() <= 200 && content->maximumWidth() == content->minimumWidth());
+    }
+
+    // A page registered into the closed drawer is laid out when the drawer opens, at the
+    // width it keeps; one registered into the open drawer is on screen at once.
+    void pagesShowWithTheDrawer()
+    {
+        TestHost host(Host::Viewer);
+        ZelControlCenter* cc = host.cc;
+        TestPage early(&host.app, "A");
+        auto* text = new QLabel(QStringLiteral("Laid out where it shows"), &early);
+        (new QVBoxLayout(&early))->addWidget(text);
+        const WidthLog log(text);
+        cc->registerSettingsPanel(&early);
+        QVERIFY(!text->testAttribute(Qt::WA_WState_Polished));
+
+        slideMenu(cc);
+        cc->openSettings();
+        finishSlides(cc);
+        QVERIFY(early.isVisible());
+        QCOMPARE(log.widths.value(0), text->width());
+
+        TestPage late(&host.app, "B");
+        cc->registerSettingsPanel(&late);
+        QVERIFY(late.isVisible());
     }
 
     void closingWithPendingEdits_data()
