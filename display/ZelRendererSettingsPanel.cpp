@@ -13,6 +13,7 @@
 
 #include <QCoreApplication>
 #include <QSettings>
+#include <QWidget>
 
 #include <algorithm>
 #include <climits>
@@ -93,7 +94,10 @@ ZelRendererSettingsPanel::ZelRendererSettingsPanel(kqDMIApplication* application
     setPanelName(QCoreApplication::translate("ZelRendererSettingsPanel", "Display"));
     setPanelCategory(ApplicationCategory);
 
-    m_ui->extendOptionFrame->hide();
+    // Out of the page, the hidden controls are not styled and laid out with it.
+    m_unusedOptions.reset(m_ui->extendOptionFrame);
+    m_unusedOptions->hide();
+    m_unusedOptions->setParent(nullptr);
     getCurrentModel(m_formModel);
 }
 

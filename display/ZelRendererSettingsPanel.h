@@ -10,6 +10,8 @@
 #include <memory>
 #include <tuple>
 
+class QWidget;
+
 namespace Ui {
 class ZelRendererSettingsPanel;
 }
@@ -134,6 +136,8 @@ private:
     void setSSAO(bool) {}
 
     std::unique_ptr<Ui::ZelRendererSettingsPanel> m_ui;
+    // The form's extra controls: never shown, never read, held outside the page.
+    std::unique_ptr<QWidget> m_unusedOptions;
     std::array<QString, 4> m_qualityNames;
     // What the running application started with: the restart rules compare with it.
     int m_startQuality = 0;
