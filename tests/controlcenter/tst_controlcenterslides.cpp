@@ -75,46 +75,59 @@ private Q_SLOTS:
         }
         slideMenu(cc);
         a.calls.clear();
+        // Each press lands where the user sees the button: shown, and placed by its layouts.
+        const auto press = [cc](QWidget* button) {
+            QTRY_VERIFY(button->isVisible());
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+            click(button);
+            finishSlides(cc);
+        };
+        auto* settingsButton = part<QPushButton>(cc->findChild<zel::ZelCCActionItem*>(), "actionButton");
+        auto* headerButton = part<QPushButton>(cc, "controlCenterButton");
 
         // Settings keeps the menu open and swaps its column for the drawer, reloading the pages.
-        part<QPushButton>(cc->findChild<zel::ZelCCActionItem*>(), "actionButton")->click();
-        QVERIFY(part(cc, "actionFrame")->isHidden() && finishSlides(cc));
+        press(settingsButton);
+        QVERIFY(part(cc, "actionFrame")->isHidden());
         QCOMPARE(a.calls, QStringList({"A.initializeWidget", "A.hasModifications", "A.canResetContent"}));
-        QVERIFY(cc->isSettingsOpen() && cc->isMenuOpen());
+        QVERIFY(cc->isSettingsOpen());
+        QVERIFY(cc->isMenuOpen());
 
         // A page button scrolls its page to the top, or as far as it goes, and stays checked;
         // scrolling by hand checks the page at the top.
         QScrollBar* scrollBar = part<QScrollArea>(cc->settingsWidget(), "settingsScrollArea")->verticalScrollBar();
         const QWidget* content = part(cc->settingsWidget(), "settingsContent");
         QTRY_VERIFY(scrollBar->maximum() > b.mapTo(content, QPoint()).y());
-        b.getActionWidget()->click();
-        finishSlides(cc);
+        press(b.getActionWidget());
         QCOMPARE(scrollBar->value(), b.mapTo(content, QPoint()).y());
-        c.getActionWidget()->click();
-        finishSlides(cc);
-        QVERIFY(scrollBar->value() == scrollBar->maximum() && c.getActionWidget()->isChecked());
+        press(c.getActionWidget());
+        QCOMPARE(scrollBar->value(), scrollBar->maximum());
+        QVERIFY(c.getActionWidget()->isChecked());
         scrollBar->setValue(0);
-        QVERIFY(a.getActionWidget()->isChecked() && !c.getActionWidget()->isChecked());
+        QVERIFY(a.getActionWidget()->isChecked());
+        QVERIFY(!c.getActionWidget()->isChecked());
 
-        // Settings again closes the drawer only; the menu comes back.
-        cc->openSettings();
-        finishSlides(cc);
-        QVERIFY(!cc->isSettingsOpen() && cc->isMenuOpen() && cc->settingsWidget()->isHidden());
-        QVERIFY(part(cc, "preferenceFrame")->isHidden() && !part(cc, "actionFrame")->isHidden());
+        // The drawer's header closes the drawer only; the menu comes back.
+        press(headerButton);
+        QVERIFY(!cc->isSettingsOpen());
+        QVERIFY(cc->isMenuOpen());
+        QVERIFY(cc->settingsWidget()->isHidden());
+        QVERIFY(part(cc, "preferenceFrame")->isHidden());
+        QVERIFY(!part(cc, "actionFrame")->isHidden());
 
-        // Reopened from closed the pages reload; the drawer's header closes it again.
-        cc->openSettings();
-        finishSlides(cc);
+        // Reopened from closed the pages reload; the viewer's own settings command closes it.
+        press(settingsButton);
         QCOMPARE(a.calls.count("A.initializeWidget"), 2);
-        part<QPushButton>(cc, "controlCenterButton")->click();
+        cc->openSettings();
         finishSlides(cc);
-        QVERIFY(!cc->isSettingsOpen() && !part(cc, "actionFrame")->isHidden());
+        QVERIFY(!cc->isSettingsOpen());
+        QVERIFY(!part(cc, "actionFrame")->isHidden());
 
         // Closing the menu closes the drawer with it.
-        cc->openSettings();
-        finishSlides(cc);
+        press(settingsButton);
         slideMenu(cc, false);
-        QVERIFY(!cc->isSettingsOpen() && cc->settingsWidget()->isHidden() && host.app.engineRuns());
+        QVERIFY(!cc->isSettingsOpen());
+        QVERIFY(cc->settingsWidget()->isHidden());
+        QVERIFY(host.app.engineRuns());
     }
 
     // Laid out again at every step of the slide, wrapped texts cost more than a frame: the
