@@ -78,13 +78,17 @@ private Q_SLOTS:
         QVERIFY(buttons->indexOf(a.getActionWidget()) < buttons->indexOf(b.getActionWidget())
                 && buttons->indexOf(b.getActionWidget()) < buttons->indexOf(c.getActionWidget()));
         QCOMPARE(c.getActionWidget()->text(), "C");
+        // Opened as the hosts open it, so that its buttons take presses.
+        slideMenu(host.cc);
+        host.cc->setControlCenterVisible(true);
+        finishSlides(host.cc);
 
         // The buttons follow each page's answers as soon as the page announces them.
         c.setModified(true);
         QVERIFY(apply->isEnabled() && !reset->isEnabled());
         a.setResettable(true);
         QVERIFY(reset->isEnabled());
-        reset->click();
+        QVERIFY(press(host.cc, reset));
         QCOMPARE(journal.filter(".reset"), (QStringList{"A.resetContent", "B.resetContent", "C.resetContent"}));
         QVERIFY(!reset->isEnabled());
 
@@ -102,7 +106,7 @@ private Q_SLOTS:
             journal.append(QStringLiteral("applied after %1 question").arg(answerer.seen.size()));
         });
         const bool told = restart && kind == Host::Viewer;
-        apply->click();
+        QVERIFY(press(host.cc, apply));
         QCOMPARE(journal.filter("appl"), (QStringList{"A.applyModifications", "B.applyModifications",
                                                       "C.applyModifications",
                                                       QStringLiteral("applied after %1 question").arg(told)}));
@@ -152,8 +156,7 @@ private Q_SLOTS:
         action.setVisible(true);
         slideMenu(host.cc);
         const QSignalSpy triggered(&action, &QAction::triggered);
-        button->click();
-        finishSlides(host.cc);
+        QVERIFY(press(host.cc, button));
         QVERIFY(!item->isHidden() && triggered.count() == 1 && !host.cc->isMenuOpen());
 
         // Shown twice, it goes with both its items, and triggered afterwards (by its

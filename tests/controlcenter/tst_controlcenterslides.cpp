@@ -75,18 +75,11 @@ private Q_SLOTS:
         }
         slideMenu(cc);
         a.calls.clear();
-        // Each press lands where the user sees the button: shown, and placed by its layouts.
-        const auto press = [cc](QWidget* button) {
-            QTRY_VERIFY(button->isVisible());
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-            click(button);
-            finishSlides(cc);
-        };
         auto* settingsButton = part<QPushButton>(cc->findChild<zel::ZelCCActionItem*>(), "actionButton");
         auto* headerButton = part<QPushButton>(cc, "controlCenterButton");
 
         // Settings keeps the menu open and swaps its column for the drawer, reloading the pages.
-        press(settingsButton);
+        QVERIFY(press(cc, settingsButton));
         QVERIFY(part(cc, "actionFrame")->isHidden());
         QCOMPARE(a.calls, QStringList({"A.initializeWidget", "A.hasModifications", "A.canResetContent"}));
         QVERIFY(cc->isSettingsOpen());
@@ -97,9 +90,9 @@ private Q_SLOTS:
         QScrollBar* scrollBar = part<QScrollArea>(cc->settingsWidget(), "settingsScrollArea")->verticalScrollBar();
         const QWidget* content = part(cc->settingsWidget(), "settingsContent");
         QTRY_VERIFY(scrollBar->maximum() > b.mapTo(content, QPoint()).y());
-        press(b.getActionWidget());
+        QVERIFY(press(cc, b.getActionWidget()));
         QCOMPARE(scrollBar->value(), b.mapTo(content, QPoint()).y());
-        press(c.getActionWidget());
+        QVERIFY(press(cc, c.getActionWidget()));
         QCOMPARE(scrollBar->value(), scrollBar->maximum());
         QVERIFY(c.getActionWidget()->isChecked());
         scrollBar->setValue(0);
@@ -107,7 +100,7 @@ private Q_SLOTS:
         QVERIFY(!c.getActionWidget()->isChecked());
 
         // The drawer's header closes the drawer only; the menu comes back.
-        press(headerButton);
+        QVERIFY(press(cc, headerButton));
         QVERIFY(!cc->isSettingsOpen());
         QVERIFY(cc->isMenuOpen());
         QVERIFY(cc->settingsWidget()->isHidden());
@@ -115,7 +108,7 @@ private Q_SLOTS:
         QVERIFY(!part(cc, "actionFrame")->isHidden());
 
         // Reopened from closed the pages reload; the viewer's own settings command closes it.
-        press(settingsButton);
+        QVERIFY(press(cc, settingsButton));
         QCOMPARE(a.calls.count("A.initializeWidget"), 2);
         cc->openSettings();
         finishSlides(cc);
@@ -123,7 +116,7 @@ private Q_SLOTS:
         QVERIFY(!part(cc, "actionFrame")->isHidden());
 
         // Closing the menu closes the drawer with it.
-        press(settingsButton);
+        QVERIFY(press(cc, settingsButton));
         slideMenu(cc, false);
         QVERIFY(!cc->isSettingsOpen());
         QVERIFY(cc->settingsWidget()->isHidden());
@@ -221,25 +214,21 @@ private Q_SLOTS:
         slideMenu(cc);
         page.setModified(true);
         const BoxAnswerer answerer(QMessageBox::Cancel);
-        const auto press = [cc](QWidget* where) {
-            click(where);
-            finishSlides(cc);
-        };
 
         // A press on the view counts once per guard: with pending edits it asks, Cancel keeps both.
-        QTRY_VERIFY((press(host.view), !answerer.seen.isEmpty()));
-        press(host.view);
+        QTRY_VERIFY((press(cc, host.view), !answerer.seen.isEmpty()));
+        press(cc, host.view);
         QVERIFY(cc->isMenuOpen() && page.hasModifications() && answerer.seen.size() == 1);
 
         // Past the guard, a press outside the view counts for nothing; a resize of anything
         // restarts the guard.
         QTest::qWait(ClickGuard + 50);
-        press(cc);
+        press(cc, cc);
         QTest::qWait(ClickGuard + 50);
         QObject anything;
         QResizeEvent resize(QSize(1, 1), QSize());
         QCoreApplication::sendEvent(&anything, &resize);
-        press(host.view);
+        press(cc, host.view);
         QVERIFY(cc->isMenuOpen() && answerer.seen.size() == 1);
 
         // With a GUI handler, only presses on widgets inside it count.
@@ -247,12 +236,12 @@ private Q_SLOTS:
         QWidget elsewhere;
         cc->setGUIHandler(&elsewhere);
         QTest::qWait(ClickGuard + 50);
-        press(host.view);
+        press(cc, host.view);
         QVERIFY(cc->isMenuOpen());
         cc->setGUIHandler(&host.window);
 
         // Without pending edits the first counted press on the view closes.
-        QTRY_VERIFY((press(host.view), !cc->isMenuOpen()));
+        QTRY_VERIFY((press(cc, host.view), !cc->isMenuOpen()));
         QVERIFY(host.app.engineRuns());
     }
 

@@ -7,6 +7,7 @@
 #include "kqDMRenderer.h"
 #include "zelAction.h"
 #include "zelActionManager.h"
+#include "TestInput.h"
 
 #include <QApplication>
 #include <QDir>
@@ -170,6 +171,18 @@ inline void slideMenu(ZelControlCenter* cc, bool open = true)
 {
     cc->openMenu(open);
     finishSlides(cc);
+}
+
+// A press where the user sees `button`, through the window, once it shows and its layouts
+// have placed it; then the slides it started run to their end. False if it never showed.
+inline bool press(ZelControlCenter* cc, QWidget* button)
+{
+    if (!QTest::qWaitFor([button] { return button->isVisible(); }))
+        return false;
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    click(button);
+    finishSlides(cc);
+    return true;
 }
 
 // Answers every message box that opens while it lives with `answer` and keeps
