@@ -2,6 +2,7 @@
 
 #include "ZelFieldMarks.h"
 #include "ZelSettingsPanel.h"
+#include "zelWheelGuard.h"
 
 #include <QBoxLayout>
 #include <QButtonGroup>
@@ -56,6 +57,9 @@ bool ZelCCPages::add(ZelSettingsPanel* page)
     m_buttons->addWidget(button);
     m_group->addButton(button);
     m_stack->addWidget(page);
+    // In the scrolling drawer a wheel turned over a field must scroll, not edit it.
+    for (const SettingField& field : page->settingFields())
+        zelWheelGuard::guard(field.editor);
     for (QWidget* widget : {m_buttons->parentWidget(), m_stack->parentWidget(), static_cast<QWidget*>(page)})
         showWithDrawer(widget);
     page->initializeWidget();

@@ -5,8 +5,9 @@
 
 namespace zel {
 
-// Shared by the guarded spin boxes. The focus policy doubles as the "has focus" flag:
-// WheelFocus while focused, StrongFocus (tab and click only) otherwise.
+// Shared by the guarded spin boxes and the drawer's other fields. The focus policy
+// doubles as the "has focus" flag: WheelFocus while focused, StrongFocus (tab and click
+// only) otherwise.
 namespace zelWheelGuard {
 
 // True when `event` must not reach `box`: a wheel or mouse move while unfocused. The
@@ -23,6 +24,10 @@ inline bool blocks(QWidget* box, QEvent* event)
     event->setAccepted(focused);
     return !focused;
 }
+
+// Gives a field that takes the wheel but has no guard of its own (a combo box, a slider,
+// a plain spin box) the guarded spin boxes' rule. Once per field; the guard is its child.
+void guard(QWidget* field);
 
 } // namespace zelWheelGuard
 

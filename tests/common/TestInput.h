@@ -2,7 +2,6 @@
 
 // Input as the platform delivers it, for tests that drive widgets like a user.
 
-#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QSpontaneKeyEvent>
 #include <QTest>
@@ -24,11 +23,14 @@ inline void clickIndicator(QWidget* button)
     click(button, QPoint(8, button->height() / 2));
 }
 
-// One wheel notch down as the platform delivers it: to the widget under the pointer,
-// spontaneous, so that QApplication passes an ignored event on to the parents.
-inline void turnWheelDown(QAbstractSpinBox* box)
+// One wheel notch down over the middle of `field`, as the platform delivers it: to the
+// widget under the pointer (a spin box's line edit), spontaneous, so that QApplication
+// passes an ignored event on to the parents.
+inline void turnWheelDown(QWidget* field)
 {
-    QWidget* target = box->childAt(box->rect().center());
+    QWidget* target = field->childAt(field->rect().center());
+    if (!target)
+        target = field;
     const QPointF local = target->rect().center();
     QWheelEvent event(local, target->mapToGlobal(local), QPoint(), QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);

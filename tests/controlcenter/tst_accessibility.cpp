@@ -1,9 +1,11 @@
 // The stand-alone window with every page, on a Settings.ini for each engine, as a user
-// meets it: every field named, every text readable, the keyboard focus in sight.
+// meets it: every field named, every text readable, the keyboard focus in sight, the
+// wheel scrolling the drawer past every field the user is not editing.
 
 #include "SettingsFiles.h"
 #include "EditorWindow.h"
 #include "TestHome.h"
+#include "TestInput.h"
 #include "ZelControlCenter.h"
 #include "ZelControlCenterStandAloneWidget.h"
 #include "ZelSettingsApplication.h"
@@ -13,6 +15,8 @@
 #include <QAccessible>
 #include <QComboBox>
 #include <QScrollArea>
+#include <QScrollBar>
+#include <QSlider>
 #include <QTest>
 
 #include <cmath>
@@ -125,11 +129,62 @@ private Q_SLOTS:
             if (!field->isVisible())
                 continue; // the slider is the software engine's
             const QImage unfocused = field->grab().toImage();
-            for (int tab = 0; tab < 200 && !field->hasFocus(); ++tab)
-                QTest::keyClick(m_window->windowHandle(), Qt::Key_Tab);
+            tabTo(field);
             QVERIFY2(field->hasFocus(), name);
             QVERIFY2(field->grab().toImage() != unfocused, name);
         }
+    }
+
+    // A wheel turned over a field while scrolling the drawer scrolls on, whatever the
+    // field; once the user has tabbed into a combo box or a slider, it takes the wheel.
+    void theWheelScrollsPastFields()
+    {
+        auto* drawer = m_window->findChild<QScrollArea*>("settingsScrollArea");
+        const QScrollBar* scrollBar = drawer->verticalScrollBar();
+        int fields = 0;
+        for (QWidget* field : reachable()) {
+            if (!takesWheel(field))
+                continue;
+            ++fields;
+            drawer->ensureWidgetVisible(field);
+            const QVariant before = shownValue(field);
+            const int scrolled = scrollBar->value();
+            turnWheelDown(field);
+            QVERIFY2(shownValue(field) == before, qPrintable(field->objectName()));
+            QVERIFY2(scrollBar->value() > scrolled || scrolled == scrollBar->maximum(),
+                     qPrintable(field->objectName()));
+        }
+        QVERIFY(fields >= 5);
+
+        QFETCH_GLOBAL(QByteArray, engine);
+        auto* chosen = m_window->findChild<QWidget*>(engine == "software" ? "qualitySlider" : "sceneUnitComboBox");
+        drawer->ensureWidgetVisible(chosen);
+        tabTo(chosen);
+        QVERIFY(chosen->hasFocus());
+        const QVariant before = shownValue(chosen);
+        const int scrolled = scrollBar->value();
+        turnWheelDown(chosen);
+        QVERIFY(shownValue(chosen) != before);
+        QCOMPARE(scrollBar->value(), scrolled);
+    }
+
+private:
+    void tabTo(const QWidget* field) const
+    {
+        for (int tab = 0; tab < 200 && !field->hasFocus(); ++tab)
+            QTest::keyClick(m_window->windowHandle(), Qt::Key_Tab);
+    }
+
+    static bool takesWheel(const QWidget* w)
+    {
+        // A spin box's own line edit is part of the spin box; scroll bars are for the wheel.
+        return (w->inherits("QAbstractSlider") && !w->inherits("QScrollBar")) || w->inherits("QComboBox")
+            || w->inherits("QAbstractSpinBox");
+    }
+
+    static QVariant shownValue(const QWidget* field)
+    {
+        return field->property(field->inherits("QComboBox") ? "currentIndex" : "value");
     }
 };
 
