@@ -454,7 +454,9 @@ void ZelControlCenter::openSettingsPanel(bool open)
 
 void ZelControlCenter::ensureSettingVisible(QWidget* widget)
 {
-    m_slide->scrollDrawerTo(widget->y() + widget->parentWidget()->y());
+    // Brought to the top, a page keeps the margin the first one has there.
+    const int margin = m_ui->verticalLayout_8->contentsMargins().top();
+    m_slide->scrollDrawerTo(std::max(0, widget->mapTo(m_ui->settingsContent, QPoint()).y() - margin));
 }
 
 void ZelControlCenter::resetControlCenter()
