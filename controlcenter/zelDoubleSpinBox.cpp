@@ -18,13 +18,13 @@ zelDoubleSpinBox::~zelDoubleSpinBox()
 
 void zelDoubleSpinBox::focusInEvent(QFocusEvent* event)
 {
-    setFocusPolicy(Qt::WheelFocus);
+    zelWheelGuard::followFocus(this, true);
     QDoubleSpinBox::focusInEvent(event);
 }
 
 void zelDoubleSpinBox::focusOutEvent(QFocusEvent* event)
 {
-    setFocusPolicy(Qt::StrongFocus);
+    zelWheelGuard::followFocus(this, false);
     QDoubleSpinBox::focusOutEvent(event);
 }
 

@@ -18,13 +18,13 @@ zelSpinBox::~zelSpinBox()
 
 void zelSpinBox::focusInEvent(QFocusEvent* event)
 {
-    setFocusPolicy(Qt::WheelFocus);
+    zelWheelGuard::followFocus(this, true);
     QSpinBox::focusInEvent(event);
 }
 
 void zelSpinBox::focusOutEvent(QFocusEvent* event)
 {
-    setFocusPolicy(Qt::StrongFocus);
+    zelWheelGuard::followFocus(this, false);
     QSpinBox::focusOutEvent(event);
 }
 

@@ -26,10 +26,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
         auto* field = static_cast<QWidget*>(watched);
-        if (event->type() == QEvent::FocusIn)
-            field->setFocusPolicy(Qt::WheelFocus);
-        else if (event->type() == QEvent::FocusOut)
-            field->setFocusPolicy(Qt::StrongFocus);
+        if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+            zelWheelGuard::followFocus(field, event->type() == QEvent::FocusIn);
         return zelWheelGuard::blocks(field, event);
     }
 };

@@ -10,6 +10,12 @@ namespace zel {
 // only) otherwise.
 namespace zelWheelGuard {
 
+// Called as `box` gains or loses focus: from then on it takes the wheel, or lets it pass.
+inline void followFocus(QWidget* box, bool focused)
+{
+    box->setFocusPolicy(focused ? Qt::WheelFocus : Qt::StrongFocus);
+}
+
 // True when `event` must not reach `box`: a wheel or mouse move while unfocused. The
 // event is then ignored, so that a wheel travels on to the enclosing scroll area.
 inline bool blocks(QWidget* box, QEvent* event)
