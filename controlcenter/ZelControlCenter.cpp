@@ -418,8 +418,16 @@ void ZelControlCenter::onScrollBarValueChanged(int value)
         panel->getActionWidget()->setChecked(true);
 }
 
-void ZelControlCenter::followFocus(QWidget*, QWidget* now)
+void ZelControlCenter::followFocus(QWidget* previous, QWidget* now)
 {
+    // The scroll area brings a field into sight when Tab moves within it, not when the
+    // keyboard comes in from the page buttons or the search field. A press never scrolls:
+    // the field would move away under the pointer before the release.
+    const QWidget* content = m_ui->settingsContent;
+    if (previous && now && content->isAncestorOf(now) && !content->isAncestorOf(previous)
+        && QGuiApplication::mouseButtons() == Qt::NoButton)
+        m_drawerScroll->ensureWidgetVisible(now);
+
     const ZelSettingsPanel* page = pageHolding(now);
     const auto& pages = m_pages->pages();
     if (page && std::find(pages.cbegin(), pages.cend(), page) != pages.cend())

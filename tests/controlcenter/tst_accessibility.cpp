@@ -13,6 +13,7 @@
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
 #include <QAccessible>
+#include <QApplication>
 #include <QComboBox>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -133,6 +134,42 @@ private Q_SLOTS:
             QVERIFY2(field->hasFocus(), name);
             QVERIFY2(field->grab().toImage() != unfocused, name);
         }
+    }
+
+    // Whichever way Tab comes into the drawer, from the page buttons or within it, the
+    // field it reaches is in sight, the drawer scrolled to the bottom first.
+    void tabbedFieldsAreInSight()
+    {
+        auto* drawer = m_window->findChild<QScrollArea*>("settingsScrollArea");
+        const QWidget* content = drawer->widget();
+        QScrollBar* scrollBar = drawer->verticalScrollBar();
+        QTRY_VERIFY(scrollBar->maximum() > 0);
+        scrollBar->setValue(scrollBar->maximum());
+        QTest::keyClick(m_window->windowHandle(), Qt::Key_F, Qt::ControlModifier);
+        QWidget* search = QApplication::focusWidget();
+        QVERIFY(search);
+        int fields = 0;
+        for (QTest::keyClick(m_window->windowHandle(), Qt::Key_Tab); QApplication::focusWidget() != search;
+             QTest::keyClick(m_window->windowHandle(), Qt::Key_Tab)) {
+            const QWidget* focused = QApplication::focusWidget();
+            QVERIFY(focused && fields < 200);
+            if (!content->isAncestorOf(focused))
+                continue;
+            ++fields;
+            const QRect shown(focused->mapTo(drawer->viewport(), QPoint()), focused->size());
+            QVERIFY2(drawer->viewport()->rect().contains(shown), qPrintable(focused->objectName()));
+        }
+        QVERIFY(fields > 10);
+
+        // A press on a field the drawer's edge cuts in half takes it where it is: nothing
+        // moves under the pointer before the release.
+        auto* cut = m_window->findChild<QWidget*>("databaseSpinBox");
+        scrollBar->setValue(cut->mapTo(content, QPoint()).y() + cut->height() / 2 - drawer->viewport()->height());
+        const int scrolled = scrollBar->value();
+        QTest::keyClick(m_window->windowHandle(), Qt::Key_F, Qt::ControlModifier);
+        click(cut, QPoint(cut->width() / 2, cut->height() / 4));
+        QVERIFY(cut->hasFocus());
+        QCOMPARE(scrollBar->value(), scrolled);
     }
 
     // A wheel turned over a field while scrolling the drawer scrolls on, whatever the
