@@ -94,6 +94,12 @@ void ZelCCSlide::slideDrawer(bool open, bool alreadyThere, int width)
         resumeEngine();
 }
 
+void ZelCCSlide::headDrawerTo(int width)
+{
+    if (isRunning(m_drawer) && isDrawerHeadedOpen())
+        m_drawer->setEndValue(width);
+}
+
 bool ZelCCSlide::isMenuHeadedOpen() const
 {
     return m_menu->direction() == QAbstractAnimation::Forward;

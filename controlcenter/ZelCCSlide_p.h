@@ -34,6 +34,8 @@ public:
     // `width` (where it opens to, or its width as it starts closing). A drawer
     // `alreadyThere` does not arrive: the engine resumes unless something slides.
     void slideDrawer(bool open, bool alreadyThere, int width);
+    // An opening drawer under way heads for `width` from here on.
+    void headDrawerTo(int width);
     // Where the last slide of each was headed.
     bool isMenuHeadedOpen() const;
     bool isDrawerHeadedOpen() const;

@@ -4,6 +4,7 @@
 #include "ZelCCActionColumn_p.h"
 #include "ZelCCClickGuard_p.h"
 #include "ZelCCDrawerButtons_p.h"
+#include "ZelCCDrawerWidth_p.h"
 #include "ZelCCPages_p.h"
 #include "ZelCCSearch_p.h"
 #include "ZelCCSlide_p.h"
@@ -101,6 +102,7 @@ ZelControlCenter::ZelControlCenter(kqDMIApplication* application, QWidget* paren
     connect(m_slide.get(), &ZelCCSlide::menuArrived, this, &ZelControlCenter::onControlCenterWidthFinished);
     connect(m_slide.get(), &ZelCCSlide::drawerArrived, this, &ZelControlCenter::onSettingsWidthFinished);
     connect(scrollBar, &QScrollBar::valueChanged, this, &ZelControlCenter::onScrollBarValueChanged);
+    m_drawerWidth = std::make_unique<ZelCCDrawerWidth>(m_drawer, m_drawerScroll, m_slide.get());
 
     connect(m_pages.get(), &ZelCCPages::stateChanged, this, &ZelControlCenter::onStateChanged);
     connect(m_pages.get(), &ZelCCPages::pageClicked, this, &ZelControlCenter::onPanelClicked);
@@ -213,28 +215,18 @@ void ZelControlCenter::setControlCenterWidth(int width)
 
 int ZelControlCenter::settingsWidth() const
 {
+    // Read by the slide as it is made, before the drawer's width has its keeper.
     return m_drawer->isHidden() ? 0 : m_drawer->minimumWidth();
 }
 
 void ZelControlCenter::setSettingsWidth(int width)
 {
-    m_drawer->setVisible(width >= 1);
-    m_drawer->setMinimumWidth(width);
-    m_drawer->setMaximumWidth(width);
-
-    // While the drawer slides its pages keep the open drawer's width and are uncovered:
-    // laid out again at every step, their wrapped texts took longer than a frame.
-    const int laidOutWidth = std::max(width, m_slide->slidingDrawerWidth());
-    const QScrollBar* scrollBar = m_drawerScroll->verticalScrollBar();
-    const int contentWidth = std::max(0, laidOutWidth - (scrollBar->isVisible() ? scrollBar->width() : 0));
-    m_ui->settingsContent->setMinimumWidth(contentWidth);
-    m_ui->settingsContent->setMaximumWidth(contentWidth);
+    m_drawerWidth->setWidth(width);
 }
 
 void ZelControlCenter::setSettingsWidthRange(int minimum, int maximum)
 {
-    m_drawerMinimum = minimum;
-    m_drawerMaximum = maximum;
+    m_drawerWidth->setRange(minimum, maximum);
 }
 
 void ZelControlCenter::registerCCAction(zelAction* action, const QString& anchorName, bool isWorkflowSpecific,
@@ -391,11 +383,8 @@ void ZelControlCenter::onSettingsWidthFinished()
     if (!m_settingsOpen) {
         m_ui->preferenceFrame->hide();
         m_drawer->hide();
-    } else if (m_drawerMaximum > 0) {
-        m_drawer->setMinimumWidth(std::min(m_drawerMinimum, m_drawer->width()));
-        m_drawer->setMaximumWidth(m_drawerMaximum);
-        m_ui->settingsContent->setMinimumWidth(0);
-        m_ui->settingsContent->setMaximumWidth(QWIDGETSIZE_MAX);
+    } else {
+        m_drawerWidth->arrivedOpen();
     }
 }
 
@@ -449,13 +438,14 @@ void ZelControlCenter::openSettingsPanel(bool open)
 {
     const bool wasVisible = m_drawer->isVisible();
     m_ui->actionFrame->setVisible(!open);
+    m_drawerWidth->startSlide();
     if (open && !wasVisible) {
         m_pages->initialize();
         onStateChanged();
     }
     // Shown once the slide's first step has sized it, the drawer lays its pages out at the
     // width they keep, not first at the one it had when it closed.
-    m_slide->slideDrawer(open, wasVisible == open, open ? openDrawerWidth() : m_drawer->width());
+    m_slide->slideDrawer(open, wasVisible == open, open ? m_drawerWidth->openWidth() : m_drawer->width());
     if (open)
         m_drawer->show();
 }
@@ -470,15 +460,6 @@ void ZelControlCenter::ensureSettingVisible(QWidget* widget)
 void ZelControlCenter::resetControlCenter()
 {
     m_pages->reset();
-}
-
-int ZelControlCenter::openDrawerWidth() const
-{
-    const QWidget* host = m_drawer->parentWidget();
-    if (m_drawerMaximum <= 0 || !host)
-        return ZelCCSlide::DrawerWidth;
-    const int room = host->width() - ZelCCSlide::MenuWidth;
-    return std::clamp(room, std::min(m_drawerMinimum, ZelCCSlide::DrawerWidth), ZelCCSlide::DrawerWidth);
 }
 
 void ZelControlCenter::findSetting()

@@ -25,6 +25,7 @@ class kqDMIApplication;
 class zelAction;
 class ZelCCActionColumn;
 class ZelCCClickGuard;
+class ZelCCDrawerWidth;
 class ZelCCPages;
 class ZelCCSearch;
 class ZelCCSlide;
@@ -141,8 +142,6 @@ private:
     void followFocus(QWidget* previous, QWidget* now);
     // Ctrl+F: opens the drawer where needed and puts the keyboard in the search field.
     void findSetting();
-    // Where the drawer opens to: its usual width, or less where its host has less room.
-    int openDrawerWidth() const;
     // Asks before pending edits are dropped (only inside the viewer); true to go on.
     bool confirmDiscard() const;
 
@@ -155,6 +154,7 @@ private:
     // Also a child, so that its animations are among this widget's children. It must go
     // before QWidget's destructor, whose destroyed() stops the menu's slide halfway.
     std::unique_ptr<ZelCCSlide> m_slide;
+    std::unique_ptr<ZelCCDrawerWidth> m_drawerWidth;
     kqDMIApplication* m_application = nullptr;
     QPointer<QPushButton> m_controlCenterButton;
     // Owned, but a host tearing down may delete it along with its own layout: the search
@@ -164,9 +164,6 @@ private:
     bool m_menuOpen = false;
     bool m_settingsOpen = false;
     bool m_settingsWritable = true;
-    // Set by the host; none while 0, and the open drawer keeps its usual width.
-    int m_drawerMinimum = 0;
-    int m_drawerMaximum = 0;
 };
 
 } // namespace zel

@@ -28,7 +28,8 @@ namespace zel {
 
 namespace {
 
-// The narrowest the settings column gets, its pages still whole; and the logo's room.
+// The narrowest the settings column gets (the control center widens it to its widest
+// page); and the logo's room.
 constexpr int DrawerMinimumWidth = 320;
 constexpr int LogoWidth = 100;
 constexpr int PageInterval = 16; // ms
@@ -105,6 +106,8 @@ void ZelControlCenterStandAloneWidget::buildControlCenter()
     m_ui->contentLayout->setStretch(2, 1);
     m_ui->scrollArea->setMaximumWidth(LogoWidth);
     m_ui->scrollArea->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    // Narrower than the logo, its room shows the logo's middle.
+    m_ui->uiDummyContent->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_ui->scrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_ui->scrollArea->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 

@@ -1,6 +1,7 @@
-// The stand-alone window with every page, on a Settings.ini for each engine, as a user
-// meets it: every field named, every text readable, the keyboard focus in sight, the
-// wheel scrolling the drawer past every field the user is not editing.
+// The stand-alone window with every page, on a Settings.ini for each engine and language,
+// as a user meets it: every page whole, every field named, every text readable, the
+// keyboard focus in sight, the wheel scrolling the drawer past every field the user is
+// not editing.
 
 #include "SettingsFiles.h"
 #include "EditorWindow.h"
@@ -19,6 +20,7 @@
 #include <QScrollBar>
 #include <QSlider>
 #include <QTest>
+#include <QTranslator>
 
 #include <cmath>
 #include <map>
@@ -42,6 +44,7 @@ class tst_accessibility : public QObject
     Q_OBJECT
 
     TestHome m_home;
+    QTranslator m_translator;
     EditorWindow m_editor;
     std::unique_ptr<ZelControlCenterStandAloneWidget>& m_window = m_editor.window;
 
@@ -76,20 +79,54 @@ private Q_SLOTS:
     void initTestCase_data()
     {
         QTest::addColumn<QByteArray>("engine");
-        QTest::newRow("GPU") << QByteArray("deferred");
-        QTest::newRow("software") << QByteArray("software");
+        QTest::addColumn<QByteArray>("language");
+        for (const char* language : {"en", "fr"}) {
+            QTest::addRow("GPU %s", language) << QByteArray("deferred") << QByteArray(language);
+            QTest::addRow("software %s", language) << QByteArray("software") << QByteArray(language);
+        }
     }
 
     void init()
     {
         QFETCH_GLOBAL(QByteArray, engine);
-        QVERIFY(writeBytes(m_home.configPath() + "/Settings.ini", "settingsVersion=2\nengine=" + engine + '\n'));
+        QFETCH_GLOBAL(QByteArray, language);
+        QVERIFY(writeBytes(m_home.configPath() + "/Settings.ini",
+                           "settingsVersion=2\nengine=" + engine + "\nlanguage=" + language + '\n'));
+        QVERIFY(m_translator.load(ZEL_TRANSLATIONS_DIR "/Torvane_" + language + ".qm"));
+        QCoreApplication::installTranslator(&m_translator);
         m_editor.open(m_home.configPath());
     }
 
     void cleanup()
     {
         m_editor.close();
+        QCoreApplication::removeTranslator(&m_translator);
+    }
+
+    // Every field and text of the drawer lies within its width, in the window's first
+    // size and at its smallest: the drawer only scrolls up and down.
+    void pagesFitTheDrawer()
+    {
+        auto* drawer = m_window->findChild<QScrollArea*>("settingsScrollArea");
+        for (const QSize size : {m_window->size(), m_window->minimumSize()}) {
+            m_window->resize(size);
+            QTRY_COMPARE(m_window->size(), size);
+            QTRY_VERIFY(!m_window->controlCenter()->isSettingsOpen() || drawer->width() > 0);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+            const QRect inSight = drawer->viewport()->rect();
+            for (const QWidget* w : drawer->widget()->findChildren<QWidget*>()) {
+                if (!w->isVisible())
+                    continue;
+                const QRect shown(w->mapTo(drawer->viewport(), QPoint()), w->size());
+                QVERIFY2(shown.left() >= inSight.left() && shown.right() <= inSight.right(),
+                         qPrintable(QStringLiteral("%1 at %2 wide %3: %4 to %5 of %6")
+                                        .arg(w->objectName(), QString::number(size.width()))
+                                        .arg(w->width())
+                                        .arg(shown.left())
+                                        .arg(shown.right())
+                                        .arg(inSight.width())));
+            }
+        }
     }
 
     void everyFieldIsNamed()

@@ -19,6 +19,8 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSet>
 #include <QStringList>
 #include <QTest>
@@ -97,6 +99,11 @@ void answerNext()
                 scrolled = parent->objectName() == "qt_scrollarea_viewport";
             if (!scrolled && button->isVisibleTo(target) && !target->rect().contains(inWindow))
                 problems << button->objectName() + " cut off";
+        }
+        // A drawer narrower than its pages scrolls sideways as well.
+        if (const auto* drawer = target->findChild<QScrollArea*>("settingsScrollArea")) {
+            if (drawer->widget()->width() > drawer->viewport()->width() && !drawer->horizontalScrollBar()->isVisible())
+                problems << "pages cut off";
         }
         report("fits " + (problems.isEmpty() ? QString("yes") : problems.join(", ")));
         return;
