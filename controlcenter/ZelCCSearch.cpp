@@ -115,6 +115,12 @@ void ZelCCSearch::focus()
     m_field->selectAll();
 }
 
+void ZelCCSearch::clear()
+{
+    m_field->clear();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+}
+
 bool ZelCCSearch::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched != m_field || event->type() != QEvent::KeyPress)

@@ -28,6 +28,8 @@ public:
     QLineEdit* field() const;
     // Focuses the field with its text selected, for the next keystroke to replace.
     void focus();
+    // Ends the search: every page back in its place, laid out, nothing highlighted.
+    void clear();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -357,8 +357,12 @@ void ZelControlCenter::onPanelClicked(const QString& pPanelName)
     if (!m_settingsOpen)
         openSettingsPanel(true);
     for (ZelSettingsPanel* panel : m_pages->pages()) {
-        if (panel->getPanelName() == pPanelName)
-            ensureSettingVisible(panel);
+        if (panel->getPanelName() != pPanelName)
+            continue;
+        // Folded away by a search, the page is asked for: the search is over.
+        if (panel->isHidden())
+            m_search->clear();
+        ensureSettingVisible(panel);
     }
 }
 

@@ -5,6 +5,7 @@
 #include "EditorWindow.h"
 #include "TestHome.h"
 #include "TestInput.h"
+#include "ZelAboutSettingsPanel.h"
 #include "ZelControlCenter.h"
 #include "ZelControlCenterStandAloneWidget.h"
 #include "ZelGeneralSettingsPanel.h"
@@ -184,6 +185,21 @@ private Q_SLOTS:
         click(clear);
         QCOMPARE(child<QLineEdit>("settingsSearch")->text(), QString());
         QVERIFY(general()->isVisible() && display()->isVisible());
+    }
+
+    // The button of a page the search folded away ends the search and brings that page.
+    void aFoldedPageButtonEndsTheSearch()
+    {
+        open("settingsVersion=2\nengine=deferred\n");
+        QTest::keyClick(m_window->windowHandle(), Qt::Key_F, Qt::ControlModifier);
+        type("cache");
+        auto* about = m_window->findChild<ZelAboutSettingsPanel*>();
+        QVERIFY(!about->isVisible());
+
+        click(about->getActionWidget());
+        QCOMPARE(child<QLineEdit>("settingsSearch")->text(), QString());
+        QVERIFY(about->isVisible() && display()->isVisible());
+        QTRY_VERIFY(!about->visibleRegion().isEmpty());
     }
 };
 
