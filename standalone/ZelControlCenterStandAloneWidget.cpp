@@ -292,6 +292,7 @@ void ZelControlCenterStandAloneWidget::closeEvent(QCloseEvent* event)
                          QCoreApplication::translate("ZelControlCenter", "Your current changes will be discarded.\n"
                                                                          "Continue and close the application ?"),
                          QMessageBox::Ok | QMessageBox::Cancel, this);
+    question.setStyleSheet(kqDMIApplication::GetStylesheet(QStringLiteral("kqMessageBox")));
     // Return alone must not throw edits away.
     question.setDefaultButton(QMessageBox::Cancel);
     if (question.exec() == QMessageBox::Ok)

@@ -10,6 +10,7 @@
 #include "ZelSingleInstance.h"
 #include "ZelStartupWarmUp.h"
 #include "ZelKernel.h"
+#include "kqDMIApplication.h"
 #include "kqSystem.h"
 
 #include <QApplication>
@@ -93,6 +94,8 @@ void showFatalError(const QString& text)
     QMessageBox box(QMessageBox::Information,
                     QCoreApplication::translate("ZelControlCenterStandAloneWidget", "Torvane - Fatal Error"), text,
                     QMessageBox::Ok);
+    // Styled like the viewer's own message boxes.
+    box.setStyleSheet(kqDMIApplication::GetStylesheet(QStringLiteral("kqMessageBox")));
     box.exec();
 }
 
