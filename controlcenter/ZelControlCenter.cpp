@@ -442,7 +442,8 @@ void ZelControlCenter::openSettingsPanel(bool open)
 {
     const bool wasVisible = m_drawer->isVisible();
     m_ui->actionFrame->setVisible(!open);
-    m_drawerWidth->startSlide();
+    if (wasVisible != open)
+        m_drawerWidth->startSlide();
     if (open && !wasVisible) {
         m_pages->initialize();
         onStateChanged();
