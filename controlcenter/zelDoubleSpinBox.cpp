@@ -7,7 +7,7 @@ namespace zel {
 zelDoubleSpinBox::zelDoubleSpinBox(QWidget* parent)
     : QDoubleSpinBox(parent)
 {
-    setFocusPolicy(Qt::StrongFocus);
+    zelWheelGuard::followFocus(this, false);
     installEventFilter(this);
 }
 

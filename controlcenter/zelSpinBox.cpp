@@ -7,7 +7,7 @@ namespace zel {
 zelSpinBox::zelSpinBox(QWidget* parent)
     : QSpinBox(parent)
 {
-    setFocusPolicy(Qt::StrongFocus);
+    zelWheelGuard::followFocus(this, false);
     installEventFilter(this);
 }
 

@@ -47,7 +47,7 @@ void zelWheelGuard::guard(QWidget* field)
     if (!takesWheelUnguarded(field) || field->findChild<QObject*>(GuardName, Qt::FindDirectChildrenOnly))
         return;
     if (!field->hasFocus())
-        field->setFocusPolicy(Qt::StrongFocus);
+        zelWheelGuard::followFocus(field, false);
     field->installEventFilter(new FieldWheelGuard(field));
 }
 

@@ -23,7 +23,7 @@ inline bool blocks(QWidget* box, QEvent* event)
     // A form may hand the box WheelFocus. Until the box really has focus that would
     // read as focused, and Qt itself would give it focus on the first wheel turn.
     if (event->type() == QEvent::Polish && box->focusPolicy() == Qt::WheelFocus && !box->hasFocus())
-        box->setFocusPolicy(Qt::StrongFocus);
+        followFocus(box, false);
     if (event->type() != QEvent::Wheel && event->type() != QEvent::MouseMove)
         return false;
     const bool focused = box->focusPolicy() == Qt::WheelFocus;
