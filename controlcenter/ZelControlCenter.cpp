@@ -124,6 +124,9 @@ ZelControlCenter::ZelControlCenter(kqDMIApplication* application, QWidget* paren
 ZelControlCenter::~ZelControlCenter()
 {
     QCoreApplication::instance()->removeEventFilter(this);
+    // Our widgets go only after this body, in QWidget's destructor; a focused one hands the
+    // focus on as it goes, and what follows the focus here is gone by then.
+    disconnect(qApp, &QApplication::focusChanged, this, &ZelControlCenter::followFocus);
     // Pages belong to whoever created them: hand them back before the drawer goes.
     while (!m_pages->pages().empty())
         unregisterSettingsPanel(m_pages->pages().front(), true);

@@ -254,13 +254,18 @@ private Q_SLOTS:
     void lifetimesInEveryOrder()
     {
         {
-            // The control center goes first: pages come back alive, still owning their
+            // The control center goes first, shown: pages come back alive, still owning their
             // buttons; actions stay usable.
             TestHost host(Host::StandAlone);
             auto page = std::make_unique<TestPage>(&host.app, "A");
             zelAction action("Kept", "Kept");
             host.cc->registerSettingsPanel(page.get());
             host.cc->registerCCAction(&action, QString(), false, false, true);
+            // ... while a button of its own holds the focus, which moves on as it goes.
+            slideMenu(host.cc);
+            QVERIFY(QTest::qWaitForWindowActive(&host.window));
+            part(host.cc, "controlCenterButton")->setFocus();
+            QVERIFY(part(host.cc, "controlCenterButton")->hasFocus());
             delete host.cc;
             QVERIFY(!page->parentWidget() && !page->getActionWidget()->parentWidget());
             action.trigger();
