@@ -2,6 +2,7 @@
 
 #include "ZelFieldMarks.h"
 #include "ZelSettingsPanel.h"
+#include "ZelStyleProperty_p.h"
 #include "zelWheelGuard.h"
 
 #include <QBoxLayout>
@@ -9,7 +10,6 @@
 #include <QCoreApplication>
 #include <QLabel>
 #include <QPushButton>
-#include <QStyle>
 
 #include <algorithm>
 
@@ -109,9 +109,7 @@ bool ZelCCPages::markPagesAwayFromDefaults()
         QPushButton* button = page->getActionWidget();
         if (button->property("differsFromDefault").toBool() == differs)
             continue;
-        button->setProperty("differsFromDefault", differs);
-        button->style()->unpolish(button);
-        button->style()->polish(button);
+        setStyleProperty(button, "differsFromDefault", differs);
         auto* marker = button->findChild<QLabel*>(QStringLiteral("pageMarker"), Qt::FindDirectChildrenOnly);
         if (!marker && differs) {
             // At the button's right end, clear of its text.

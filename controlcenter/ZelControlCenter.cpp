@@ -9,6 +9,7 @@
 #include "ZelCCSearch_p.h"
 #include "ZelCCSlide_p.h"
 #include "ZelSettingsPanel.h"
+#include "ZelStyleProperty_p.h"
 #include "kqDMIApplication.h"
 #include "kqMessageBox.h"
 #include "zelAction.h"
@@ -423,6 +424,12 @@ void ZelControlCenter::followFocus(QWidget* previous, QWidget* now)
     if (previous && now && content->isAncestorOf(now) && !content->isAncestorOf(previous)
         && QGuiApplication::mouseButtons() == Qt::NoButton)
         m_drawerScroll->ensureWidgetVisible(now);
+
+    // The drawer is a Tab stop of its own, for the arrow and page keys to scroll it. Its
+    // frame cannot show the focus without narrowing the pages, so its scroll bars do.
+    if (now == m_drawerScroll || previous == m_drawerScroll)
+        for (QScrollBar* bar : {m_drawerScroll->verticalScrollBar(), m_drawerScroll->horizontalScrollBar()})
+            setStyleProperty(bar, "drawerFocus", now == m_drawerScroll);
 
     const ZelSettingsPanel* page = pageHolding(now);
     const auto& pages = m_pages->pages();

@@ -1,4 +1,5 @@
 #include "ZelFieldMarks.h"
+#include "ZelStyleProperty_p.h"
 
 #include <QAbstractSlider>
 #include <QAbstractSpinBox>
@@ -13,7 +14,6 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QRadioButton>
-#include <QStyle>
 #include <QToolTip>
 
 #include <memory>
@@ -39,13 +39,6 @@ void drawDot(QPainter& painter)
     painter.setBrush(QColor(0xff, 0xb3, 0x00));
     const qreal inset = (MarkerSize - DotSize) / 2.0;
     painter.drawEllipse(QRectF(inset, inset, DotSize, DotSize));
-}
-
-void repolish(QWidget* widget)
-{
-    widget->style()->unpolish(widget);
-    widget->style()->polish(widget);
-    widget->update();
 }
 
 } // namespace
@@ -126,8 +119,7 @@ void ZelFieldMarks::mark(QWidget* editor, bool differs)
     bool& marked = m_differs[editor];
     if (marked != differs) {
         marked = differs;
-        editor->setProperty("differsFromDefault", differs);
-        repolish(editor);
+        setStyleProperty(editor, "differsFromDefault", differs);
     }
     auto marker = m_markers.find(editor);
     if (marker == m_markers.end() && !differs)

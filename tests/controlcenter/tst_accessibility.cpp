@@ -173,6 +173,30 @@ private Q_SLOTS:
         }
     }
 
+    // Every stop of the Tab chain, all the way round, looks different with the focus than
+    // without it: Tab never lands where the user cannot see it, on the drawer itself,
+    // the placeholder beside it or a label of links before its first link.
+    void everyTabStopShowsFocus()
+    {
+        QTest::keyClick(m_window->windowHandle(), Qt::Key_F, Qt::ControlModifier);
+        QWidget* search = QApplication::focusWidget();
+        QVERIFY(search);
+        QList<QWidget*> stops{search};
+        for (QTest::keyClick(m_window->windowHandle(), Qt::Key_Tab); QApplication::focusWidget() != search;
+             QTest::keyClick(m_window->windowHandle(), Qt::Key_Tab)) {
+            QVERIFY(stops.size() < 200);
+            if (!stops.contains(QApplication::focusWidget()))
+                stops.append(QApplication::focusWidget());
+        }
+        QVERIFY(stops.size() > 10);
+        for (QWidget* stop : stops) {
+            (stop == search ? stops.at(1) : search)->setFocus(Qt::TabFocusReason);
+            const QImage without = stop->grab().toImage();
+            stop->setFocus(Qt::TabFocusReason);
+            QVERIFY2(stop->grab().toImage() != without, qPrintable(stop->objectName()));
+        }
+    }
+
     // Whichever way Tab comes into the drawer, from the page buttons or within it, the
     // field it reaches is in sight, the drawer scrolled to the bottom first.
     void tabbedFieldsAreInSight()
