@@ -94,6 +94,22 @@ const std::vector<ZelSettingsPanel*>& ZelCCPages::pages() const
     return m_pages;
 }
 
+ZelSettingsPanel* ZelCCPages::pageFrom(int y, const QWidget* content) const
+{
+    ZelSettingsPanel* found = nullptr;
+    int foundTop = 0;
+    for (ZelSettingsPanel* page : m_pages) {
+        if (!page->isVisibleTo(content))
+            continue;
+        const int top = page->mapTo(content, QPoint()).y();
+        if (top + page->height() > y && (!found || top < foundTop)) {
+            found = page;
+            foundTop = top;
+        }
+    }
+    return found;
+}
+
 bool ZelCCPages::hasModifications() const
 {
     return std::any_of(m_pages.cbegin(), m_pages.cend(),

@@ -7,6 +7,7 @@
 
 class QBoxLayout;
 class QButtonGroup;
+class QWidget;
 
 namespace zel {
 
@@ -29,6 +30,9 @@ public:
     // Hands `page` and its button back, without a parent; false when it was not registered.
     bool remove(ZelSettingsPanel* page);
     const std::vector<ZelSettingsPanel*>& pages() const;
+    // The page shown at height `y` of `content`, the widget the stack lays out in, or
+    // where `y` falls between two pages the one below; null below the last.
+    ZelSettingsPanel* pageFrom(int y, const QWidget* content) const;
 
     bool hasModifications() const;
     // True when a page differs from its defaults; such a page's button carries a mark

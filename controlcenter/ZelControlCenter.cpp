@@ -411,7 +411,7 @@ void ZelControlCenter::onScrollBarValueChanged(int value)
             return;
         }
     }
-    if (const ZelSettingsPanel* panel = pageHolding(content->childAt(10, value + 10)))
+    if (const ZelSettingsPanel* panel = m_pages->pageFrom(value + 10, content))
         panel->getActionWidget()->setChecked(true);
 }
 

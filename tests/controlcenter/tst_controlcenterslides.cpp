@@ -98,6 +98,11 @@ private Q_SLOTS:
         scrollBar->setValue(0);
         QVERIFY(a.getActionWidget()->isChecked());
         QVERIFY(!c.getActionWidget()->isChecked());
+        // The top falling between two pages, the one below is the one in sight.
+        const int aEnds = a.mapTo(content, QPoint(0, a.height())).y(), bStarts = b.mapTo(content, QPoint()).y();
+        QVERIFY(bStarts > aEnds);
+        scrollBar->setValue(bStarts - 11);
+        QVERIFY(b.getActionWidget()->isChecked());
 
         // The drawer's header closes the drawer only; the menu comes back.
         QVERIFY(press(cc, headerButton));
