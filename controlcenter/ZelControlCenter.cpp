@@ -393,6 +393,9 @@ void ZelControlCenter::onSettingsWidthFinished()
         m_drawer->hide();
     } else {
         m_drawerWidth->arrivedOpen();
+        // The page list shows from the start which page is in sight, so that the arrow
+        // keys move from page to page there as they do once the drawer has scrolled.
+        onScrollBarValueChanged(m_drawerScroll->verticalScrollBar()->value());
     }
 }
 

@@ -84,6 +84,7 @@ private Q_SLOTS:
         QCOMPARE(a.calls, QStringList({"A.initializeWidget", "A.hasModifications", "A.canResetContent"}));
         QVERIFY(cc->isSettingsOpen());
         QVERIFY(cc->isMenuOpen());
+        QVERIFY(a.getActionWidget()->isChecked());
 
         // A page button scrolls its page to where the first page sits, or as far as it goes,
         // and stays checked; scrolling by hand checks the page at the top.
