@@ -125,10 +125,40 @@ bool ZelCCSearch::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched != m_field || event->type() != QEvent::KeyPress)
         return false;
-    if (static_cast<const QKeyEvent*>(event)->key() != Qt::Key_Escape || m_field->text().isEmpty())
+    switch (static_cast<const QKeyEvent*>(event)->key()) {
+    case Qt::Key_Escape:
+        if (m_field->text().isEmpty())
+            return false;
+        m_field->clear();
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Down:
+        if (QWidget* match = firstMatchingField()) {
+            match->setFocus(Qt::TabFocusReason);
+            return true;
+        }
         return false;
-    m_field->clear();
-    return true;
+    default:
+        return false;
+    }
+}
+
+QWidget* ZelCCSearch::firstMatchingField() const
+{
+    const QWidget* content = m_scrollArea->widget();
+    QWidget* first = nullptr;
+    for (const ZelSettingsPanel* page : m_pages) {
+        for (const SettingField& field : page->settingFields()) {
+            QWidget* editor = field.editor;
+            if (!editor->property("searchMatch").toBool() || !editor->isEnabled()
+                || !(editor->focusPolicy() & Qt::TabFocus))
+                continue;
+            if (!first || editor->mapTo(content, QPoint()).y() < first->mapTo(content, QPoint()).y())
+                first = editor;
+        }
+    }
+    return first;
 }
 
 void ZelCCSearch::search(const QString& typed)

@@ -15,7 +15,8 @@ class ZelSettingsPanel;
 
 // The search field at the top of the drawer. As the user types, the fields whose label,
 // tool tip or key hold the text are highlighted (property "searchMatch"), pages without
-// one fold away and the drawer scrolls to the first; Escape clears the search.
+// one fold away and the drawer scrolls to the first; Return or Down takes the keyboard
+// there, Escape clears the search.
 class ZelCCSearch : public QObject
 {
     Q_OBJECT
@@ -38,6 +39,8 @@ private:
     Q_DISABLE_COPY_MOVE(ZelCCSearch)
 
     void search(const QString& text);
+    // The highest of the highlighted fields that the keyboard can reach, if any.
+    QWidget* firstMatchingField() const;
 
     const std::vector<ZelSettingsPanel*>& m_pages;
     QScrollArea* m_scrollArea = nullptr;

@@ -135,9 +135,10 @@ private Q_SLOTS:
         QTest::addColumn<bool>("french");
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("field");
-        QTest::newRow("English label") << false << "cache size" << "databaseSpinBox";
-        QTest::newRow("French label") << true << "taille du cache" << "databaseSpinBox";
-        QTest::newRow("key") << false << "useSSAO" << "deferredSSAOCheckBox";
+        QTest::addColumn<int>("into");
+        QTest::newRow("English label") << false << "cache size" << "databaseSpinBox" << int(Qt::Key_Return);
+        QTest::newRow("French label") << true << "taille du cache" << "databaseSpinBox" << int(Qt::Key_Enter);
+        QTest::newRow("key") << false << "useSSAO" << "deferredSSAOCheckBox" << int(Qt::Key_Down);
     }
 
     void searchFindsByLabelAndKey()
@@ -162,6 +163,13 @@ private Q_SLOTS:
         QCOMPARE(general()->isVisible(), onGeneral);
         QCOMPARE(display()->isVisible(), !onGeneral);
         QVERIFY(match->visibleRegion().boundingRect().height() == match->height());
+
+        // Return, Enter or Down take the keyboard to the match; Ctrl+F brings it back.
+        QFETCH(int, into);
+        QTest::keyClick(m_window->windowHandle(), Qt::Key(into));
+        QVERIFY(match->hasFocus());
+        QTest::keyClick(m_window->windowHandle(), Qt::Key_F, Qt::ControlModifier);
+        QVERIFY(search->hasFocus());
 
         // Escape clears the search: every page is back, nothing highlighted.
         QTest::keyClick(m_window->windowHandle(), Qt::Key_Escape);
