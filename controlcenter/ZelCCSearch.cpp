@@ -56,12 +56,15 @@ void setHighlighted(QWidget* widget, bool highlighted)
     widget->setProperty("searchMatch", highlighted);
     const bool text = qobject_cast<QLabel*>(widget) || qobject_cast<QRadioButton*>(widget)
                       || qobject_cast<QCheckBox*>(widget);
+    // A widget's own sheet reaches its children too: a spin box's context menu, a combo
+    // box's list. The selector keeps the highlight on the field.
     if (!highlighted)
         widget->setStyleSheet(QString());
     else if (text)
-        widget->setStyleSheet(QStringLiteral("background-color: rgb(255, 214, 102); color: rgb(27, 27, 36);"));
+        widget->setStyleSheet(
+            QStringLiteral("[searchMatch=\"true\"] { background-color: rgb(255, 214, 102); color: rgb(27, 27, 36); }"));
     else
-        widget->setStyleSheet(QStringLiteral("border: 2px solid rgb(255, 179, 0);"));
+        widget->setStyleSheet(QStringLiteral("[searchMatch=\"true\"] { border: 2px solid rgb(255, 179, 0); }"));
 }
 
 } // namespace

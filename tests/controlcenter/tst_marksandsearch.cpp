@@ -195,6 +195,29 @@ private Q_SLOTS:
         QVERIFY(general()->isVisible() && display()->isVisible());
     }
 
+    // The highlight is the field's alone: its context menu looks as it always does.
+    void theHighlightStaysOnItsField()
+    {
+        open("settingsVersion=2\nengine=deferred\n");
+        QTest::keyClick(m_window->windowHandle(), Qt::Key_F, Qt::ControlModifier);
+        type("cache size");
+        auto* cacheSize = child<QAbstractSpinBox>("databaseSpinBox");
+        const QColor highlight(255, 179, 0);
+        QCOMPARE(cacheSize->grab().toImage().pixelColor(0, cacheSize->height() / 2), highlight);
+
+        QColor menuEdge;
+        QTimer::singleShot(0, this, [&menuEdge] {
+            if (QWidget* menu = QApplication::activePopupWidget()) {
+                menuEdge = menu->grab().toImage().pixelColor(0, menu->height() / 2);
+                menu->close();
+            }
+        });
+        QTest::mouseClick(m_window->windowHandle(), Qt::RightButton, {},
+                          cacheSize->mapTo(m_window.get(), cacheSize->rect().center()));
+        QVERIFY(menuEdge.isValid());
+        QVERIFY(menuEdge != highlight);
+    }
+
     // The button of a page the search folded away ends the search and brings that page.
     void aFoldedPageButtonEndsTheSearch()
     {
