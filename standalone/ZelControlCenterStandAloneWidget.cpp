@@ -15,6 +15,7 @@
 
 #include <QCloseEvent>
 #include <QDir>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
@@ -150,6 +151,9 @@ void ZelControlCenterStandAloneWidget::buildNextPage()
         return;
     }
     setWindowIcon(applicationIcon());
+    // Typing finds a setting from the start, unless the user has chosen a field already.
+    if (!focusWidget())
+        findChild<QLineEdit*>(QStringLiteral("settingsSearch"))->setFocus(Qt::OtherFocusReason);
     Q_EMIT pagesBuilt();
 }
 

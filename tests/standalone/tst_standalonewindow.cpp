@@ -115,6 +115,8 @@ private Q_SLOTS:
         // The placeholder beside the drawer shows the logo once the pages are built.
         QVERIFY(!m_window->findChild<QLabel*>(QStringLiteral("uiDummyContent"))->pixmap().isNull());
         QVERIFY(!m_window->windowIcon().pixmap(32).isNull());
+        // Typing finds a setting from the start: the keyboard waits in the search field.
+        QCOMPARE(QApplication::focusWidget(), m_window->findChild<QWidget*>(QStringLiteral("settingsSearch")));
         QTRY_VERIFY(m_window->controlCenter()->isMenuOpen());
         // A new user who changed nothing has nothing to discard.
         QVERIFY(!m_window->controlCenter()->hasModifications());
