@@ -32,9 +32,10 @@ ZelRendererSelector::ZelRendererSelector(QWidget* parent, Qt::WindowFlags flags)
     m_ui->raytracerButton->installEventFilter(this);
     m_ui->deferredButton->installEventFilter(this);
 
-    // The arrow keys move the choice, whichever button holds the focus.
+    // The arrow keys move the choice, whichever button holds the focus: towards Low on
+    // the left, or High on the right.
     const std::pair<Qt::Key, bool> arrows[] = {
-        {Qt::Key_Left, false}, {Qt::Key_Up, false}, {Qt::Key_Right, true}, {Qt::Key_Down, true}};
+        {Qt::Key_Left, true}, {Qt::Key_Up, true}, {Qt::Key_Right, false}, {Qt::Key_Down, false}};
     for (const auto& [key, software] : arrows)
         connect(new QShortcut(key, this), &QShortcut::activated, this,
                 [this, software = software] { choose(software); });

@@ -393,10 +393,15 @@ private Q_SLOTS:
         QCOMPARE(software.exitCode, 1);
         QCOMPARE(stored("engine"), "software");
 
+        // Low sits on the left, High on the right; Up and Down go as Left and Right do.
         QFile::remove(settingsFile());
-        const Run byKeys = runDriver({"Right", "Left", "Down", "Return"});
-        QCOMPARE(byKeys.exitCode, 1);
+        const Run left = runDriver({"Left", "Return"});
+        QCOMPARE(left.exitCode, 1);
         QCOMPARE(stored("engine"), "software");
+        QFile::remove(settingsFile());
+        const Run upThenRight = runDriver({"Up", "Right", "Return"});
+        QCOMPARE(upThenRight.exitCode, 1);
+        QCOMPARE(stored("engine"), "deferred");
 
         QFile::remove(settingsFile());
         const Run cancelled = runDriver({"Escape"});
