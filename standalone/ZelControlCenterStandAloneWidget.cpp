@@ -8,6 +8,7 @@
 #include "ZelPageHost.h"
 #include "ZelSettingsNotice.h"
 #include "ZelSettingsWatch.h"
+#include "ZelWindowEdges.h"
 #include "ZelSimplificationSettingsPanel.h"
 #include "kqDMIApplication.h"
 #include "kqMovableObject.h"
@@ -50,6 +51,8 @@ ZelControlCenterStandAloneWidget::ZelControlCenterStandAloneWidget(kqDMIApplicat
     m_movable = std::make_unique<kq::kqMovableObject>(this);
     m_movable->setExpandOnDlbClick(true);
     m_movable->setAnchorObject(m_ui->headerFrame, this);
+    // Without the window manager's frame, the window's own edges resize it.
+    m_edges = std::make_unique<ZelWindowEdges>(this);
 
     connect(m_ui->closeButton, &QPushButton::clicked, this, &ZelControlCenterStandAloneWidget::closeWidget);
     connect(m_ui->maximizeButton, &QPushButton::clicked, this, &ZelControlCenterStandAloneWidget::triggerMaximize);

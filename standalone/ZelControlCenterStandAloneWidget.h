@@ -27,6 +27,7 @@ class ZelSettingsNotice;
 class ZelSettingsPanel;
 class ZelSettingsWatch;
 class ZelSimplificationSettingsPanel;
+class ZelWindowEdges;
 
 // The stand-alone settings editor's frameless window: a header with the product name
 // and its own window buttons, and a control center with every settings page.
@@ -91,6 +92,7 @@ private:
     bool m_readOnly = false;
     std::unique_ptr<Ui::ControlCenterStandAlone> m_ui;
     std::unique_ptr<kq::kqMovableObject> m_movable;
+    std::unique_ptr<ZelWindowEdges> m_edges;
     // Created with the first notice; the window's layout holds it.
     ZelSettingsNotice* m_notice = nullptr;
     std::unique_ptr<ZelSettingsWatch> m_watch;

@@ -17,6 +17,8 @@
 #include <QMessageBox>
 #include <QDir>
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QWindow>
 #include <QProcess>
 #include <QScopeGuard>
 #include <QPushButton>
@@ -227,6 +229,42 @@ private Q_SLOTS:
         QVERIFY(!m_window->isMaximized());
         click(button("minimizeButton"));
         QVERIFY(m_window->isMinimized());
+    }
+
+    // Frameless, the window resizes by its own edges: the pointer shows it over them, a
+    // drag from there moves that edge, never below the least size; a press just inside
+    // is the widget's.
+    void edgesResizeTheWindow()
+    {
+        QWindow* handle = m_window->windowHandle();
+        const QSize first = m_window->size();
+        const QPoint rightEdge(first.width() - 2, first.height() / 2);
+        QTest::mouseMove(handle, rightEdge - QPoint(40, 0));
+        QTest::mouseMove(handle, rightEdge);
+        QVERIFY(QGuiApplication::overrideCursor());
+        QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::SizeHorCursor);
+        QTest::mousePress(handle, Qt::LeftButton, {}, rightEdge);
+        QTest::mouseMove(handle, rightEdge + QPoint(60, 30));
+        QTest::mouseRelease(handle, Qt::LeftButton, {}, rightEdge + QPoint(60, 30));
+        QTRY_COMPARE(m_window->width(), first.width() + 60);
+        QCOMPARE(m_window->height(), first.height());
+
+        const QPoint corner(m_window->width() - 1, m_window->height() - 1);
+        QTest::mouseMove(handle, corner);
+        QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::SizeFDiagCursor);
+        QTest::mousePress(handle, Qt::LeftButton, {}, corner);
+        QTest::mouseMove(handle, QPoint(10, 10));
+        QTest::mouseRelease(handle, Qt::LeftButton, {}, QPoint(10, 10));
+        QTRY_COMPARE(m_window->size(), m_window->minimumSize());
+
+        const QSize least = m_window->size();
+        const QPoint inside(least.width() / 2, least.height() - 10);
+        QTest::mouseMove(handle, inside);
+        QVERIFY(!QGuiApplication::overrideCursor());
+        QTest::mousePress(handle, Qt::LeftButton, {}, inside);
+        QTest::mouseMove(handle, inside + QPoint(0, 80));
+        QTest::mouseRelease(handle, Qt::LeftButton, {}, inside + QPoint(0, 80));
+        QCOMPARE(m_window->size(), least);
     }
 
     void secondStartRaisesTheMinimisedWindow()
