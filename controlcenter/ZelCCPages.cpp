@@ -21,6 +21,22 @@ ZelCCPages::ZelCCPages(QBoxLayout* buttons, QBoxLayout* stack)
     , m_group(new QButtonGroup(this))
 {
     m_group->setExclusive(true);
+    connect(m_group, &QButtonGroup::buttonToggled, this, [this](QAbstractButton*, bool checked) {
+        if (checked)
+            tabToTheCheckedPage();
+    });
+}
+
+void ZelCCPages::tabToTheCheckedPage() const
+{
+    // The list is one Tab stop, the arrows go within it. Qt keeps that stop on the button
+    // that last had the focus; the page in sight is the one the user expects.
+    const QAbstractButton* checked = m_group->checkedButton();
+    if (!checked)
+        return;
+    for (QAbstractButton* button : m_group->buttons())
+        button->setFocusPolicy(button == checked ? Qt::FocusPolicy(button->focusPolicy() | Qt::TabFocus)
+                                                 : Qt::FocusPolicy(button->focusPolicy() & ~Qt::TabFocus));
 }
 
 ZelCCPages::~ZelCCPages() = default;
@@ -56,6 +72,7 @@ bool ZelCCPages::add(ZelSettingsPanel* page)
     QPushButton* button = page->getActionWidget();
     m_buttons->addWidget(button);
     m_group->addButton(button);
+    tabToTheCheckedPage();
     m_stack->addWidget(page);
     // In the scrolling drawer a wheel turned over a field must scroll, not edit it.
     for (const SettingField& field : page->settingFields())

@@ -51,6 +51,7 @@ Q_SIGNALS:
 private:
     Q_DISABLE_COPY_MOVE(ZelCCPages)
 
+    void tabToTheCheckedPage() const;
     // Only the address is left to compare: the page's own destructors have run.
     void forgetPage(QObject* page);
 

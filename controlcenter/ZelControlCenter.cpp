@@ -144,8 +144,14 @@ ZelControlCenter::~ZelControlCenter()
 
 void ZelControlCenter::registerSettingsPanel(ZelSettingsPanel* panel)
 {
-    if (m_pages->add(panel))
-        onStateChanged();
+    if (!m_pages->add(panel))
+        return;
+    // Tab meets the page list right after the drawer's header, as the eye does, not after
+    // the search field where the buttons would otherwise land.
+    const auto& pages = m_pages->pages();
+    QWidget::setTabOrder(pages.size() > 1 ? pages[pages.size() - 2]->getActionWidget() : m_ui->controlCenterButton,
+                         panel->getActionWidget());
+    onStateChanged();
 }
 
 void ZelControlCenter::unregisterSettingsPanel(ZelSettingsPanel* panel, bool reevaluate)

@@ -200,6 +200,42 @@ private Q_SLOTS:
         }
     }
 
+    // Tab goes as the eye does: down the menu column, the drawer's header, the page list
+    // (one stop, on the page in sight), Reset and Apply; then the drawer from its search
+    // field down.
+    void tabGoesAsTheEyeDoes()
+    {
+        // An edit, for Reset and Apply to take the focus.
+        auto* header = m_window->findChild<QWidget*>("controlCenterButton");
+        header->setFocus(Qt::TabFocusReason);
+        QAbstractButton* checkedPage = nullptr;
+        for (QAbstractButton* page : m_window->findChild<QWidget*>("applicationSettings")->findChildren<QAbstractButton*>())
+            checkedPage = page->isChecked() ? page : checkedPage;
+        QVERIFY(checkedPage);
+        m_window->findChild<QAbstractSpinBox*>("maxTrianglesSpinBox")->stepBy(1);
+        const QWidget* drawerButtons = m_window->findChild<QWidget*>("frame_4");
+        const QList<QWidget*> stops{checkedPage,
+                                    drawerButtons->findChild<QWidget*>("resetButton"),
+                                    drawerButtons->findChild<QWidget*>("applyButton"),
+                                    m_window->findChild<QWidget*>("settingsScrollArea"),
+                                    m_window->findChild<QWidget*>("settingsSearch")};
+        for (QWidget* stop : stops) {
+            QTest::keyClick(m_window->windowHandle(), Qt::Key_Tab);
+            QCOMPARE(QApplication::focusWidget(), stop);
+        }
+        QTest::keyClick(m_window->windowHandle(), Qt::Key_Tab);
+        QVERIFY(m_window->findChild<QWidget*>("applicationFrame")->isAncestorOf(QApplication::focusWidget()));
+
+        // Back from Reset, the list takes the focus on the page in sight, whichever that is.
+        QScrollBar* scrollBar = m_window->findChild<QScrollArea*>("settingsScrollArea")->verticalScrollBar();
+        scrollBar->setValue(scrollBar->maximum());
+        QVERIFY(!checkedPage->isChecked());
+        stops.at(1)->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(m_window->windowHandle(), Qt::Key_Backtab, Qt::ShiftModifier);
+        QVERIFY(qobject_cast<QAbstractButton*>(QApplication::focusWidget()));
+        QVERIFY(qobject_cast<QAbstractButton*>(QApplication::focusWidget())->isChecked());
+    }
+
     // Whichever way Tab comes into the drawer, from the page buttons or within it, the
     // field it reaches is in sight, the drawer scrolled to the bottom first.
     void tabbedFieldsAreInSight()
