@@ -5,6 +5,7 @@
 #include "ZelStyleProperty_p.h"
 #include "zelWheelGuard.h"
 
+#include <QApplication>
 #include <QBoxLayout>
 #include <QButtonGroup>
 #include <QCoreApplication>
@@ -15,9 +16,10 @@
 
 namespace zel {
 
-ZelCCPages::ZelCCPages(QBoxLayout* buttons, QBoxLayout* stack)
+ZelCCPages::ZelCCPages(QBoxLayout* buttons, QBoxLayout* stack, QWidget* tabAfter)
     : m_buttons(buttons)
     , m_stack(stack)
+    , m_tabAfter(tabAfter)
     , m_group(new QButtonGroup(this))
 {
     m_group->setExclusive(true);
@@ -72,6 +74,9 @@ bool ZelCCPages::add(ZelSettingsPanel* page)
     QPushButton* button = page->getActionWidget();
     m_buttons->addWidget(button);
     m_group->addButton(button);
+    // Tab meets the list where it stands on screen, not after the search field where the
+    // buttons would otherwise land.
+    QWidget::setTabOrder(m_pages.size() > 1 ? m_pages[m_pages.size() - 2]->getActionWidget() : m_tabAfter, button);
     tabToTheCheckedPage();
     m_stack->addWidget(page);
     // In the scrolling drawer a wheel turned over a field must scroll, not edit it.
@@ -125,6 +130,34 @@ ZelSettingsPanel* ZelCCPages::pageFrom(int y, const QWidget* content) const
         }
     }
     return found;
+}
+
+ZelSettingsPanel* ZelCCPages::pageHolding(QWidget* widget) const
+{
+    for (; widget; widget = widget->parentWidget()) {
+        if (auto* page = qobject_cast<ZelSettingsPanel*>(widget))
+            return std::find(m_pages.cbegin(), m_pages.cend(), page) != m_pages.cend() ? page : nullptr;
+    }
+    return nullptr;
+}
+
+void ZelCCPages::checkPageInSight(int top, int height, const QWidget* content) const
+{
+    if (const ZelSettingsPanel* focused = pageHolding(QApplication::focusWidget())) {
+        const QRect inSight(0, top, content->width(), height);
+        if (QRect(focused->mapTo(content, QPoint()), focused->size()).intersects(inSight)) {
+            focused->getActionWidget()->setChecked(true);
+            return;
+        }
+    }
+    if (const ZelSettingsPanel* page = pageFrom(top + 10, content))
+        page->getActionWidget()->setChecked(true);
+}
+
+void ZelCCPages::checkPageHolding(QWidget* widget) const
+{
+    if (const ZelSettingsPanel* page = pageHolding(widget))
+        page->getActionWidget()->setChecked(true);
 }
 
 bool ZelCCPages::hasModifications() const

@@ -21,8 +21,9 @@ class ZelCCPages : public QObject
     Q_OBJECT
 
 public:
-    // `buttons` and `stack` outlive the pages' registration.
-    ZelCCPages(QBoxLayout* buttons, QBoxLayout* stack);
+    // `buttons` and `stack` outlive the pages' registration; in the Tab chain the page
+    // buttons follow `tabAfter`.
+    ZelCCPages(QBoxLayout* buttons, QBoxLayout* stack, QWidget* tabAfter);
     ~ZelCCPages() override;
 
     // False when `page` is registered already.
@@ -30,9 +31,12 @@ public:
     // Hands `page` and its button back, without a parent; false when it was not registered.
     bool remove(ZelSettingsPanel* page);
     const std::vector<ZelSettingsPanel*>& pages() const;
-    // The page shown at height `y` of `content`, the widget the stack lays out in, or
-    // where `y` falls between two pages the one below; null below the last.
-    ZelSettingsPanel* pageFrom(int y, const QWidget* content) const;
+    // Checks the button of the page the user looks at, the drawer's `content` scrolled to
+    // `top` in a view `height` high: the page holding the focus while any of it is in
+    // sight, otherwise the page at the top (the one below, where the top falls between two).
+    void checkPageInSight(int top, int height, const QWidget* content) const;
+    // Checks the button of the registered page holding `widget`, if any.
+    void checkPageHolding(QWidget* widget) const;
 
     bool hasModifications() const;
     // True when a page differs from its defaults; such a page's button carries a mark
@@ -51,12 +55,18 @@ Q_SIGNALS:
 private:
     Q_DISABLE_COPY_MOVE(ZelCCPages)
 
+    // The page shown at height `y` of `content`, or where `y` falls between two pages the
+    // one below; null below the last.
+    ZelSettingsPanel* pageFrom(int y, const QWidget* content) const;
+    // The registered page `widget` sits on, if any.
+    ZelSettingsPanel* pageHolding(QWidget* widget) const;
     void tabToTheCheckedPage() const;
     // Only the address is left to compare: the page's own destructors have run.
     void forgetPage(QObject* page);
 
     QBoxLayout* m_buttons = nullptr;
     QBoxLayout* m_stack = nullptr;
+    QWidget* m_tabAfter = nullptr;
     QButtonGroup* m_group = nullptr; // child
     std::vector<ZelSettingsPanel*> m_pages;
 };

@@ -36,16 +36,6 @@ namespace zel {
 
 namespace {
 
-// The page `widget` sits on, if any.
-ZelSettingsPanel* pageHolding(QWidget* widget)
-{
-    for (; widget; widget = widget->parentWidget()) {
-        if (auto* page = qobject_cast<ZelSettingsPanel*>(widget))
-            return page;
-    }
-    return nullptr;
-}
-
 QString modificationTitle()
 {
     return QCoreApplication::translate("ZelControlCenter", "Settings Modification");
@@ -86,7 +76,7 @@ ZelControlCenter::ZelControlCenter(kqDMIApplication* application, QWidget* paren
     m_drawer->setObjectName(QStringLiteral("settingsDrawer"));
     m_drawer->setStyleSheet(kqDMIApplication::GetStylesheet(QStringLiteral("ZelCCDrawer"))
                             + kqDMIApplication::GetStylesheet(QStringLiteral("ZelCCSearch")));
-    m_pages = std::make_unique<ZelCCPages>(m_ui->verticalLayout_6, m_ui->verticalLayout_8);
+    m_pages = std::make_unique<ZelCCPages>(m_ui->verticalLayout_6, m_ui->verticalLayout_8, m_ui->controlCenterButton);
     m_search = std::make_unique<ZelCCSearch>(m_drawer, m_drawerScroll, m_pages->pages());
     m_ui->controlCenterButton->setChecked(false);
     m_drawer->hide();
@@ -144,14 +134,8 @@ ZelControlCenter::~ZelControlCenter()
 
 void ZelControlCenter::registerSettingsPanel(ZelSettingsPanel* panel)
 {
-    if (!m_pages->add(panel))
-        return;
-    // Tab meets the page list right after the drawer's header, as the eye does, not after
-    // the search field where the buttons would otherwise land.
-    const auto& pages = m_pages->pages();
-    QWidget::setTabOrder(pages.size() > 1 ? pages[pages.size() - 2]->getActionWidget() : m_ui->controlCenterButton,
-                         panel->getActionWidget());
-    onStateChanged();
+    if (m_pages->add(panel))
+        onStateChanged();
 }
 
 void ZelControlCenter::unregisterSettingsPanel(ZelSettingsPanel* panel, bool reevaluate)
@@ -411,17 +395,7 @@ void ZelControlCenter::onScrollBarValueChanged(int value)
     if (m_slide->isScrolling())
         return;
 
-    // The page holding the focus stays highlighted while any of it is in sight.
-    QWidget* content = m_ui->settingsContent;
-    if (const ZelSettingsPanel* focused = pageHolding(QApplication::focusWidget())) {
-        const QRect inSight(0, value, content->width(), m_drawerScroll->viewport()->height());
-        if (focused->geometry().translated(focused->parentWidget()->mapTo(content, QPoint())).intersects(inSight)) {
-            focused->getActionWidget()->setChecked(true);
-            return;
-        }
-    }
-    if (const ZelSettingsPanel* panel = m_pages->pageFrom(value + 10, content))
-        panel->getActionWidget()->setChecked(true);
+    m_pages->checkPageInSight(value, m_drawerScroll->viewport()->height(), m_ui->settingsContent);
 }
 
 void ZelControlCenter::followFocus(QWidget* previous, QWidget* now)
@@ -440,10 +414,7 @@ void ZelControlCenter::followFocus(QWidget* previous, QWidget* now)
         for (QScrollBar* bar : {m_drawerScroll->verticalScrollBar(), m_drawerScroll->horizontalScrollBar()})
             setStyleProperty(bar, "drawerFocus", now == m_drawerScroll);
 
-    const ZelSettingsPanel* page = pageHolding(now);
-    const auto& pages = m_pages->pages();
-    if (page && std::find(pages.cbegin(), pages.cend(), page) != pages.cend())
-        page->getActionWidget()->setChecked(true);
+    m_pages->checkPageHolding(now);
 }
 
 void ZelControlCenter::closeMenu()
