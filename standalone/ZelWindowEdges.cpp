@@ -25,6 +25,15 @@ Qt::CursorShape pointerFor(Qt::Edges edges)
     return Qt::SizeVerCursor;
 }
 
+// Where a dragged edge goes: `by` from where it started, yet never so near the facing
+// edge, or so far from it, that the window would pass its `least` or `most` length.
+int draggedEdge(int start, int by, int facing, int least, int most)
+{
+    const int away = start >= facing ? 1 : -1;
+    const int nearest = facing + away * (least - 1), farthest = facing + away * (most - 1);
+    return std::clamp(start + by, std::min(nearest, farthest), std::max(nearest, farthest));
+}
+
 } // namespace
 
 ZelWindowEdges::ZelWindowEdges(QWidget* window)
@@ -99,19 +108,14 @@ void ZelWindowEdges::resizeTo(const QPoint& globalPosition)
     const QSize least = m_window->minimumSize().expandedTo(QSize(1, 1));
     const QSize most = m_window->maximumSize();
     QRect frame = m_startGeometry;
-    // The edge that moves stops where the window would pass its least or most size.
     if (m_dragged & Qt::LeftEdge)
-        frame.setLeft(std::clamp(frame.left() + moved.x(), frame.right() + 1 - most.width(),
-                                 frame.right() + 1 - least.width()));
+        frame.setLeft(draggedEdge(frame.left(), moved.x(), frame.right(), least.width(), most.width()));
     if (m_dragged & Qt::RightEdge)
-        frame.setRight(std::clamp(frame.right() + moved.x(), frame.left() - 1 + least.width(),
-                                  frame.left() - 1 + most.width()));
+        frame.setRight(draggedEdge(frame.right(), moved.x(), frame.left(), least.width(), most.width()));
     if (m_dragged & Qt::TopEdge)
-        frame.setTop(std::clamp(frame.top() + moved.y(), frame.bottom() + 1 - most.height(),
-                                frame.bottom() + 1 - least.height()));
+        frame.setTop(draggedEdge(frame.top(), moved.y(), frame.bottom(), least.height(), most.height()));
     if (m_dragged & Qt::BottomEdge)
-        frame.setBottom(std::clamp(frame.bottom() + moved.y(), frame.top() - 1 + least.height(),
-                                   frame.top() - 1 + most.height()));
+        frame.setBottom(draggedEdge(frame.bottom(), moved.y(), frame.top(), least.height(), most.height()));
     m_window->setGeometry(frame);
 }
 
