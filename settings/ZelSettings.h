@@ -35,6 +35,8 @@ public:
     // The text the pass hands to the validator of `key`: the stored value (a list
     // joined as QSettings writes it), else the registered default.
     static QString GetSettingText(const QSettings& settings, const QString& key);
+    // A stored value as that text: a list joined with ", ", anything else as itself.
+    static QString SettingText(const QVariant& stored);
     // Registers the library's own keys; folders are derived from `applicationName`.
     static void InitDefaultSettingsValues(const QString& applicationName);
     // Registers the keys that the settings pages edit, with the defaults the pages show.

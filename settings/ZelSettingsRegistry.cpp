@@ -23,16 +23,6 @@ std::vector<SettingEndCheck>& endChecks()
     return checks;
 }
 
-// QSettings hands back an unquoted value holding a comma as a list, which
-// QVariant::toString() turns into an empty text. Validators see it joined with the
-// separator QSettings itself writes.
-QString settingText(const QVariant& stored)
-{
-    if (stored.typeId() == QMetaType::QStringList)
-        return stored.toStringList().join(QLatin1String(", "));
-    return stored.toString();
-}
-
 } // namespace
 
 bool ZelSettings::RegisterSetting(const QString& key, const QString& defaultValue, SettingValidator validator)
@@ -78,7 +68,7 @@ bool ZelSettings::EnsureSettings(QSettings& settings, QString& error)
     for (const auto& [key, entry] : registry()) {
         const auto& [defaultValue, validator] = entry;
         const QVariant stored = settings.value(key, QVariant(defaultValue));
-        const QString text = settingText(stored);
+        const QString text = SettingText(stored);
         QString value = text;
         // The keys repaired or filled in so far stay set on `settings`: QSettings writes
         // them out when it is destroyed or at its next event-loop turn, unless the caller
@@ -103,7 +93,17 @@ bool ZelSettings::EnsureSettings(QSettings& settings, QString& error)
 
 QString ZelSettings::GetSettingText(const QSettings& settings, const QString& key)
 {
-    return settingText(settings.value(key, QVariant(GetDefaultSettingsValue(key))));
+    return SettingText(settings.value(key, QVariant(GetDefaultSettingsValue(key))));
+}
+
+// QSettings hands back an unquoted value holding a comma as a list, which
+// QVariant::toString() turns into an empty text. Validators see it joined with the
+// separator QSettings itself writes.
+QString ZelSettings::SettingText(const QVariant& stored)
+{
+    if (stored.typeId() == QMetaType::QStringList)
+        return stored.toStringList().join(QLatin1String(", "));
+    return stored.toString();
 }
 
 void ZelSettings::CleanupFolder(QString& path)

@@ -61,6 +61,8 @@ ZelControlCenterStandAloneWidget::ZelControlCenterStandAloneWidget(kqDMIApplicat
     m_watch = std::make_unique<ZelSettingsWatch>(application->getSettings());
     connect(m_watch.get(), &ZelSettingsWatch::changedOutside, this,
             &ZelControlCenterStandAloneWidget::takeOutsideChanges);
+    connect(m_watch.get(), &ZelSettingsWatch::outsideValuesReplaced, this,
+            &ZelControlCenterStandAloneWidget::tellOutsideValuesReplaced);
 }
 
 void ZelControlCenterStandAloneWidget::showEvent(QShowEvent* event)
@@ -254,6 +256,20 @@ void ZelControlCenterStandAloneWidget::takeOutsideChanges(const QStringList& key
                  "apply.")
                   .arg(overridden.join(QStringLiteral(", ")));
     }
+    showNotice(message);
+}
+
+void ZelControlCenterStandAloneWidget::tellOutsideValuesReplaced(const std::vector<SettingRepair>& values,
+                                                                 const QString& copy, const QString& copyError)
+{
+    QStringList replaced;
+    for (const SettingRepair& value : values)
+        replaced.append(tr("%1 was \"%2\"").arg(value.key, value.before));
+    QString message = tr("Your values replaced what another program had stored: %1.")
+                          .arg(replaced.join(QStringLiteral("; ")));
+    message += QLatin1Char('\n')
+        + (copy.isEmpty() ? copyError
+                          : tr("The file as it was is kept as \"%1\".").arg(QDir::toNativeSeparators(copy)));
     showNotice(message);
 }
 

@@ -28,6 +28,7 @@ class ZelSettingsPanel;
 class ZelSettingsWatch;
 class ZelSimplificationSettingsPanel;
 class ZelWindowEdges;
+struct SettingRepair;
 
 // The stand-alone settings editor's frameless window: a header with the product name
 // and its own window buttons, and a control center with every settings page.
@@ -82,6 +83,8 @@ private:
     void buildControlCenter();
     void writeAppliedSettings();
     void takeOutsideChanges(const QStringList& keys);
+    void tellOutsideValuesReplaced(const std::vector<SettingRepair>& values, const QString& copy,
+                                   const QString& copyError);
     // The pages in registration order.
     std::vector<ZelSettingsPanel*> pages() const;
 

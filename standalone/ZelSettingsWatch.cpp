@@ -1,5 +1,6 @@
 #include "ZelSettingsWatch.h"
 
+#include "ZelSettings.h"
 #include "ZelSettingsFile.h"
 
 #include <QCoreApplication>
@@ -46,12 +47,15 @@ void ZelSettingsWatch::watchFile()
         m_watcher.addPath(m_file);
 }
 
-bool ZelSettingsWatch::readFile(QSettings::SettingsMap& values) const
+bool ZelSettingsWatch::readFile(QSettings::SettingsMap& values, QByteArray* bytes) const
 {
     QFile file(m_file);
     if (!QFileInfo(m_file).isFile() || !file.open(QIODevice::ReadOnly))
         return false;
-    values = ZelSettingsFile::ReadValues(file.readAll());
+    const QByteArray content = file.readAll();
+    values = ZelSettingsFile::ReadValues(content);
+    if (bytes)
+        *bytes = content;
     return true;
 }
 
@@ -89,6 +93,8 @@ void ZelSettingsWatch::checkFile()
     if (changed.isEmpty())
         return;
     m_known = values;
+    m_outsideKeys += changed;
+    m_outsideKeys.removeDuplicates();
     for (const QString& key : std::as_const(m_heldBack)) {
         if (values.contains(key))
             m_settings.setValue(key, values.value(key));
@@ -111,6 +117,9 @@ void ZelSettingsWatch::checkFile()
 
 bool ZelSettingsWatch::writeApplied(QString& error)
 {
+    QSettings::SettingsMap before;
+    QByteArray beforeBytes;
+    readFile(before, &beforeBytes);
     m_settings.sync();
     QSettings::SettingsMap values;
     // QSettings keeps the first error it met, so the file itself says whether it
@@ -124,14 +133,48 @@ bool ZelSettingsWatch::writeApplied(QString& error)
         });
     }
     if (written) {
-        m_known = values;
-        m_heldBack.clear();
+        reportOutsideValues(before, beforeBytes, values);
         return true;
     }
     error = writeError();
     // A file that cannot even be read (a folder took its place) held what we last saw.
     takeFileValues(readable ? values : m_known);
     return false;
+}
+
+void ZelSettingsWatch::reportOutsideValues(const QSettings::SettingsMap& before, const QByteArray& beforeBytes,
+                                            const QSettings::SettingsMap& after)
+{
+    const auto same = [](const QSettings::SettingsMap& values, const QString& key, const QVariant& value) {
+        const auto found = values.constFind(key);
+        return found != values.cend() && ZelSettingsFile::SameValue(*found, value);
+    };
+    std::vector<SettingRepair> replaced;
+    QStringList unseen;
+    for (auto it = before.cbegin(); it != before.cend(); ++it) {
+        // Written since we last looked: the watch had not reported it yet.
+        const bool seen = same(m_known, it.key(), *it);
+        if (same(after, it.key(), *it)) {
+            if (!seen)
+                unseen.append(it.key());
+        } else if (!seen || m_outsideKeys.contains(it.key())) {
+            const auto ours = after.constFind(it.key());
+            replaced.push_back({it.key(), ZelSettings::SettingText(*it),
+                                ours == after.cend() ? QString() : ZelSettings::SettingText(*ours)});
+        }
+    }
+    m_known = after;
+    m_heldBack.clear();
+    // Every edit left on the pages from now on was made with the file's values in view.
+    m_outsideKeys.clear();
+    if (!replaced.empty()) {
+        QString copy;
+        QString copyError;
+        ZelSettingsFile::KeepCopy(m_file, beforeBytes, copy, copyError);
+        Q_EMIT outsideValuesReplaced(replaced, copy, copyError);
+    }
+    if (!unseen.isEmpty())
+        Q_EMIT changedOutside(unseen);
 }
 
 QString ZelSettingsWatch::writeError() const

@@ -1,6 +1,7 @@
 #include "ConfigMonitor.h"
 
 #include "ConfigCommand.h"
+#include "ZelSettings.h"
 #include "ZelSettingsFile.h"
 
 #include <QCoreApplication>
@@ -54,14 +55,6 @@ QString existingFolder(const QString& file)
     while (!QFileInfo(folder).isDir() && !QDir(folder).isRoot())
         folder = QFileInfo(folder).absolutePath();
     return folder;
-}
-
-// A value as `get` prints it: a list with a comma and a blank between its items. A
-// change that `get` does not show is no change here either.
-QString valueText(const QVariant& value)
-{
-    return value.typeId() == QMetaType::QStringList ? value.toStringList().join(QLatin1String(", "))
-                                                    : value.toString();
 }
 
 } // namespace
@@ -156,14 +149,20 @@ void ConfigMonitor::printChanges(const QSettings::SettingsMap& values)
     keys.sort();
     keys.removeDuplicates();
     for (const QString& key : keys) {
+        // Values compare as `get` prints them: a change that `get` does not show is no
+        // change here either.
         const auto before = m_values.constFind(key);
         const auto after = values.constFind(key);
-        if (before == m_values.cend())
-            m_out << key << QStringLiteral(": added ") << quoted(valueText(*after)) << Qt::endl;
-        else if (after == values.cend())
+        if (before == m_values.cend()) {
+            m_out << key << QStringLiteral(": added ") << quoted(ZelSettings::SettingText(*after)) << Qt::endl;
+        } else if (after == values.cend()) {
             m_out << key << QStringLiteral(": removed") << Qt::endl;
-        else if (valueText(*before) != valueText(*after))
-            m_out << changeText(key, valueText(*before), valueText(*after)) << Qt::endl;
+        } else {
+            const QString beforeText = ZelSettings::SettingText(*before);
+            const QString afterText = ZelSettings::SettingText(*after);
+            if (beforeText != afterText)
+                m_out << changeText(key, beforeText, afterText) << Qt::endl;
+        }
     }
 }
 

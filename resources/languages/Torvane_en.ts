@@ -607,6 +607,18 @@ They are still on the pages: press Apply again once this is solved.</source>
         <source>You are editing %1 as well: your values stay on the pages and replace the other program&apos;s when you apply.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>%1 was &quot;%2&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Your values replaced what another program had stored: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file as it was is kept as &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>zel::ZelGeneralSettingsPanel</name>

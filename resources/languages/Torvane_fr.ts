@@ -614,6 +614,18 @@ Elles sont toujours sur les pages : appuyez de nouveau sur Appliquer une fois le
         <source>You are editing %1 as well: your values stay on the pages and replace the other program&apos;s when you apply.</source>
         <translation>Vous modifiez aussi %1 : vos valeurs restent sur les pages et remplacent celles de l’autre programme quand vous appliquez.</translation>
     </message>
+    <message>
+        <source>%1 was &quot;%2&quot;</source>
+        <translation>%1 valait « %2 »</translation>
+    </message>
+    <message>
+        <source>Your values replaced what another program had stored: %1.</source>
+        <translation>Vos valeurs ont remplacé celles qu’un autre programme avait enregistrées : %1.</translation>
+    </message>
+    <message>
+        <source>The file as it was is kept as &quot;%1&quot;.</source>
+        <translation>Le fichier tel qu’il était est conservé sous « %1 ».</translation>
+    </message>
 </context>
 <context>
     <name>zel::ZelGeneralSettingsPanel</name>

@@ -69,6 +69,17 @@ private:
         return bar->findChild<QLabel*>(QStringLiteral("noticeText"))->text();
     }
 
+    // The copies kept beside `file`, as paths.
+    static QStringList copiesBeside(const QString& file)
+    {
+        const QFileInfo info(file);
+        QStringList copies;
+        const QStringList pattern {info.fileName() + QStringLiteral(".*.bak")};
+        for (const QFileInfo& copy : info.dir().entryInfoList(pattern, QDir::Files))
+            copies.append(copy.filePath());
+        return copies;
+    }
+
     // Replaces the file's bytes as another program would.
     static void writeAsAnotherProgram(const QString& path, const QByteArray& bytes)
     {
@@ -92,8 +103,11 @@ private Q_SLOTS:
     void init()
     {
         QVERIFY(m_home.isValid());
-        // Each test starts from a new user's file.
-        QFile::remove(m_home.configPath() + QStringLiteral("/Settings.ini"));
+        // Each test starts from a new user's file, with no copies beside it.
+        const QString file = m_home.configPath() + QStringLiteral("/Settings.ini");
+        for (const QString& copy : copiesBeside(file))
+            QVERIFY(QFile::remove(copy));
+        QFile::remove(file);
         m_editor.open(m_home.configPath());
     }
 
@@ -200,25 +214,45 @@ private Q_SLOTS:
         click(apply);
         QVERIFY(!m_window->controlCenter()->hasModifications());
         QVERIFY(fileBytes(file) != before);
+        // Nothing of another program's was replaced: no copy.
+        QCOMPARE(copiesBeside(file), QStringList());
+    }
+
+    void outsideChangeReachesThePagesAndKeepsPendingEdits_data()
+    {
+        QTest::addColumn<bool>("seenBeforeApply");
+        QTest::newRow("seen before Apply") << true;
+        QTest::newRow("written just before Apply") << false;
     }
 
     void outsideChangeReachesThePagesAndKeepsPendingEdits()
     {
+        QFETCH(bool, seenBeforeApply);
         const QString file = settingsFile();
         editAPage();
         QByteArray changed = fileBytes(file);
         QVERIFY(changed.contains("cacheSize=4096") && changed.contains("useSSAO=true"));
         changed.replace("cacheSize=4096", "cacheSize=2048").replace("useSSAO=true", "useSSAO=false");
         writeAsAnotherProgram(file, changed);
-
-        QTRY_VERIFY2(notice().contains(QStringLiteral("deferred/useSSAO is now \"false\"")), qPrintable(notice()));
-        QVERIFY2(notice().contains(QStringLiteral("You are editing DBCache/cacheSize")), qPrintable(notice()));
+        if (seenBeforeApply) {
+            QTRY_VERIFY2(notice().contains(QStringLiteral("deferred/useSSAO is now \"false\"")),
+                         qPrintable(notice()));
+            QVERIFY2(notice().contains(QStringLiteral("You are editing DBCache/cacheSize")), qPrintable(notice()));
+        }
         // The user's edit wins on Apply, the other program's other value stays.
         click(button("applyButton"));
         const QVariantMap values = iniValues(file);
         QCOMPARE(values.value(QStringLiteral("DBCache/cacheSize")).toString(), QStringLiteral("4086"));
         QCOMPARE(values.value(QStringLiteral("deferred/useSSAO")).toString(), QStringLiteral("false"));
         QVERIFY(!m_window->controlCenter()->hasModifications());
+        // The value the edit replaced is kept in a copy of the file as the other program
+        // left it, and the user hears of both values either way.
+        const QStringList copies = copiesBeside(file);
+        QCOMPARE(copies.size(), 1);
+        QCOMPARE(fileBytes(copies.first()), changed);
+        QVERIFY2(notice().contains(QStringLiteral("DBCache/cacheSize was \"2048\"")), qPrintable(notice()));
+        QVERIFY2(notice().contains(copies.first()), qPrintable(notice()));
+        QVERIFY2(notice().contains(QStringLiteral("deferred/useSSAO is now \"false\"")), qPrintable(notice()));
     }
 
     void windowButtons()
