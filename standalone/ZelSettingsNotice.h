@@ -14,7 +14,8 @@ namespace zel {
 // The bar at the top of the editor's window that tells what happened to the settings
 // without being asked: a repair at start, a file set aside, a read-only folder, a value
 // another program wrote, a write that failed. It never blocks the window; the user
-// closes it when read.
+// closes it when read. However many messages come, it stays a few lines tall and
+// scrolls, the newest in sight.
 class ZelSettingsNotice : public QFrame
 {
     Q_OBJECT
@@ -25,18 +26,20 @@ public:
 
     // Adds `message` below the ones still shown and shows the bar.
     void addMessage(const QString& message);
-    // The messages on show, oldest first; empty once the user closed the bar.
-    const QStringList& messages() const;
 
 Q_SIGNALS:
     void closed();
 
 private:
     void closeNotice();
+    // As tall as the messages, up to a few lines; the rest scrolls.
+    void fitHeight();
 
     Q_DISABLE_COPY_MOVE(ZelSettingsNotice)
     std::unique_ptr<Ui::ZelSettingsNotice> m_ui;
     QStringList m_messages;
+    // Keeps the newest message in sight as the text is laid out.
+    bool m_showNewest = true;
 };
 
 } // namespace zel

@@ -16,7 +16,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QKeySequence>
-#include <QLabel>
+#include <QTextEdit>
 #include <QMessageBox>
 #include <QScreen>
 #include <QScrollArea>
@@ -79,8 +79,8 @@ void answerNext()
     }
     if (answer == "notice") {
         const auto* notice = target->findChild<QWidget*>("settingsNotice");
-        const auto* text = notice ? notice->findChild<QLabel*>("noticeText") : nullptr;
-        report("notice " + (text && notice->isVisible() ? text->text().replace('\n', '|') : QString("none")));
+        const auto* text = notice ? notice->findChild<QTextEdit*>("noticeText") : nullptr;
+        report("notice " + (text && notice->isVisible() ? text->toPlainText().replace('\n', '|') : QString("none")));
         return;
     }
     if (answer == "shrink") {

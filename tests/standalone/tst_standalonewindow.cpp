@@ -13,6 +13,7 @@
 
 #include <QAbstractSpinBox>
 #include <QLabel>
+#include <QTextEdit>
 #include <QLayout>
 #include <QMessageBox>
 #include <QDir>
@@ -22,6 +23,7 @@
 #include <QProcess>
 #include <QScopeGuard>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -66,7 +68,7 @@ private:
         const auto* bar = m_window->findChild<QWidget*>(QStringLiteral("settingsNotice"));
         if (!bar || !bar->isVisible())
             return QString();
-        return bar->findChild<QLabel*>(QStringLiteral("noticeText"))->text();
+        return bar->findChild<QTextEdit*>(QStringLiteral("noticeText"))->toPlainText();
     }
 
     // The copies kept beside `file`, as paths.
@@ -253,6 +255,23 @@ private Q_SLOTS:
         QVERIFY2(notice().contains(QStringLiteral("DBCache/cacheSize was \"2048\"")), qPrintable(notice()));
         QVERIFY2(notice().contains(copies.first()), qPrintable(notice()));
         QVERIFY2(notice().contains(QStringLiteral("deferred/useSSAO is now \"false\"")), qPrintable(notice()));
+    }
+
+    // However many messages come, the bar stays a few lines tall and shows the newest;
+    // the older ones scroll.
+    void manyNoticesKeepThePagesInView()
+    {
+        const QSize size = m_window->size();
+        for (int message = 1; message <= 20; ++message)
+            m_window->showNotice(QStringLiteral("Another program changed message %1.").arg(message));
+        const auto* bar = m_window->findChild<QWidget*>(QStringLiteral("settingsNotice"));
+        const auto* text = bar->findChild<QTextEdit*>(QStringLiteral("noticeText"));
+        const QScrollBar* scrollBar = text->verticalScrollBar();
+        QTRY_VERIFY2(bar->height() < size.height() / 4, qPrintable(QString::number(bar->height())));
+        QVERIFY(scrollBar->maximum() > 0);
+        QCOMPARE(m_window->size(), size);
+        QCOMPARE(scrollBar->value(), scrollBar->maximum());
+        QVERIFY(notice().endsWith(QStringLiteral("message 20.")));
     }
 
     void windowButtons()
