@@ -229,7 +229,8 @@ QStringList ZelSettingsStart::notices() const
     if (!m_repairs.empty()) {
         QStringList lines;
         for (const SettingRepair& repair : m_repairs)
-            lines.append(QStringLiteral("• %1: \"%2\" → \"%3\"").arg(repair.key, repair.before, repair.after));
+            lines.append(translated(QT_TRANSLATE_NOOP("ZelSettingsStart", "• %1: \"%2\" → \"%3\""))
+                             .arg(repair.key, repair.before, repair.after));
         QString text = (readOnly ? translated(QT_TRANSLATE_NOOP("ZelSettingsStart",
                             "These settings hold values Torvane cannot use. The pages show them repaired, "
                             "but the repairs are not written:"))

@@ -520,6 +520,10 @@ Every page shows the stored values, but changes cannot be applied.</source>
         <source>These settings were missing from the file and were added with their default values:</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>• %1: &quot;%2&quot; → &quot;%3&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ZelSettingsWatch</name>

@@ -524,6 +524,10 @@ Chaque page montre les valeurs enregistrées, mais les modifications ne peuvent 
         <source>These settings were missing from the file and were added with their default values:</source>
         <translation>Ces paramètres manquaient dans le fichier et ont été ajoutés avec leurs valeurs par défaut :</translation>
     </message>
+    <message>
+        <source>• %1: &quot;%2&quot; → &quot;%3&quot;</source>
+        <translation>• %1 : « %2 » → « %3 »</translation>
+    </message>
 </context>
 <context>
     <name>ZelSettingsWatch</name>
