@@ -2,6 +2,8 @@
 
 #include "ZelSettings.h"
 
+#include <QSettings>
+
 namespace zel::PanelDefaults {
 
 std::optional<QString> text(QLatin1String key)
@@ -40,6 +42,15 @@ void assign(bool& field, QLatin1String key)
 {
     if (const auto registered = text(key))
         field = *registered == QLatin1String("true");
+}
+
+QVariant storedOrDefault(const QSettings& settings, QLatin1String key)
+{
+    if (settings.contains(key))
+        return settings.value(key);
+    if (const auto registered = text(key))
+        return *registered;
+    return QVariant();
 }
 
 } // namespace zel::PanelDefaults

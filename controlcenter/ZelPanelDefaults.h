@@ -2,9 +2,12 @@
 
 #include <QLatin1String>
 #include <QString>
+#include <QVariant>
 #include <QtGlobal>
 
 #include <optional>
+
+class QSettings;
 
 namespace zel::PanelDefaults {
 
@@ -20,5 +23,10 @@ void assign(int& field, QLatin1String key);
 void assign(quint64& field, QLatin1String key);
 void assign(double& field, QLatin1String key);
 void assign(bool& field, QLatin1String key);
+
+// What a page shows for `key`: the stored value, or, where no value is stored (another
+// program removed it), the registered default that the next start's validation pass
+// stores. Invalid when neither exists.
+QVariant storedOrDefault(const QSettings& settings, QLatin1String key);
 
 } // namespace zel::PanelDefaults

@@ -86,10 +86,9 @@ ZelRendererSettingsPanel::ZelRendererSettingsPanel(kqDMIApplication* application
     PanelRanges::fit(m_ui->qualitySlider, SettingsKeys::RaytracerQuality);
     setStyleSheet(kqDMIApplication::GetStylesheet(QStringLiteral("ZelRendererSettingsPanel")));
 
-    const QSettings& stored = this->settings();
-    m_startQuality = kqDMRenderer::GetRaytracerQuality(stored.value(SettingsKeys::RaytracerQuality).toString());
-    m_startCoreNumber = stored.value(SettingsKeys::RaytracerCoreNumber).toInt();
-    m_startGPUMode = stored.value(SettingsKeys::Engine).toString() != QLatin1String("software");
+    m_startQuality = kqDMRenderer::GetRaytracerQuality(stored(SettingsKeys::RaytracerQuality).toString());
+    m_startCoreNumber = stored(SettingsKeys::RaytracerCoreNumber).toInt();
+    m_startGPUMode = stored(SettingsKeys::Engine).toString() != QLatin1String("software");
 
     setPanelName(QCoreApplication::translate("ZelRendererSettingsPanel", "Display"));
     setPanelCategory(ApplicationCategory);
@@ -184,24 +183,23 @@ void ZelRendererSettingsPanel::on_raytracerButton_toggled(bool checked)
 
 void ZelRendererSettingsPanel::readSettings(EngineModel& model) const
 {
-    const QSettings& stored = settings();
     // An absent number would read as 0, which the widgets show clamped: a pending edit
-    // nobody made. The form's own value stands in instead.
-    const auto number = [&stored](QLatin1String key, auto formValue) {
-        const QVariant value = stored.value(key);
+    // nobody made. The form's own value stands in where no default is registered.
+    const auto number = [this](QLatin1String key, auto formValue) {
+        const QVariant value = stored(key);
         return value.isValid() ? value.value<decltype(formValue)>() : formValue;
     };
-    model.useSoftware = stored.value(SettingsKeys::Engine).toString() == QLatin1String("software");
-    model.useSSAO = stored.value(SettingsKeys::UseSSAO).toBool();
-    model.useFXAA = stored.value(SettingsKeys::UseFXAA).toBool();
-    model.useED = stored.value(SettingsKeys::UseED).toBool();
+    model.useSoftware = stored(SettingsKeys::Engine).toString() == QLatin1String("software");
+    model.useSSAO = stored(SettingsKeys::UseSSAO).toBool();
+    model.useFXAA = stored(SettingsKeys::UseFXAA).toBool();
+    model.useED = stored(SettingsKeys::UseED).toBool();
     model.coreNumber = number(SettingsKeys::RaytracerCoreNumber, m_formModel.coreNumber);
-    model.quality = kqDMRenderer::GetRaytracerQuality(stored.value(SettingsKeys::RaytracerQuality).toString());
+    model.quality = kqDMRenderer::GetRaytracerQuality(stored(SettingsKeys::RaytracerQuality).toString());
     model.maxCPUMemory3D = number(SettingsKeys::MaxCPUMemory3D, m_formModel.maxCPUMemory3D);
     model.maxCPUMemoryRaytracer = number(SettingsKeys::MaxCPUMemoryRaytracer, m_formModel.maxCPUMemoryRaytracer);
     model.maxGPUMemory = number(SettingsKeys::MaxGPUMemory, m_formModel.maxGPUMemory);
     model.trianglesCap = number(SettingsKeys::LODTrianglesCap, m_formModel.trianglesCap);
-    model.sceneUnitIndex = GetSceneUnitComboIndex(stored.value(SettingsKeys::SceneUnits).toFloat());
+    model.sceneUnitIndex = GetSceneUnitComboIndex(stored(SettingsKeys::SceneUnits).toFloat());
 }
 
 void ZelRendererSettingsPanel::getDefaultSettings(EngineModel& model) const
@@ -291,7 +289,7 @@ void ZelRendererSettingsPanel::pushToApplication()
 bool ZelRendererSettingsPanel::shouldRestart() const
 {
     const bool software = m_ui->raytracerButton->isChecked();
-    const bool storedSoftware = settings().value(SettingsKeys::Engine).toString() == QLatin1String("software");
+    const bool storedSoftware = stored(SettingsKeys::Engine).toString() == QLatin1String("software");
     if (software != storedSoftware && software == m_startGPUMode)
         return true;
     if (!software)
@@ -305,12 +303,16 @@ bool ZelRendererSettingsPanel::hasRaytracerRebootChanged() const
         return false;
     const int cores = m_ui->coreUsedSlider->value();
     const int quality = m_ui->qualitySlider->value();
-    const int storedCores = settings().value(SettingsKeys::RaytracerCoreNumber).toInt();
-    const int storedQuality =
-        kqDMRenderer::GetRaytracerQuality(settings().value(SettingsKeys::RaytracerQuality).toString());
+    const int storedCores = stored(SettingsKeys::RaytracerCoreNumber).toInt();
+    const int storedQuality = kqDMRenderer::GetRaytracerQuality(stored(SettingsKeys::RaytracerQuality).toString());
     if (cores != storedCores && cores != m_startCoreNumber)
         return true;
     return quality != storedQuality && quality != m_startQuality;
+}
+
+QVariant ZelRendererSettingsPanel::stored(QLatin1String key) const
+{
+    return PanelDefaults::storedOrDefault(settings(), key);
 }
 
 void ZelRendererSettingsPanel::saveSettingsInternal()

@@ -107,6 +107,8 @@ private:
     // A core or quality change in software mode, unless back to the value in use.
     bool hasRaytracerRebootChanged() const;
     void saveSettingsInternal();
+    // The value of `key` the application runs with: the stored one, else its default.
+    QVariant stored(QLatin1String key) const;
 
     // Shows the frames of one engine. The "renderingMode" action is usable only while
     // the application runs the GPU renderer, whatever the page shows.

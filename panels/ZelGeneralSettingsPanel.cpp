@@ -23,13 +23,6 @@ QString askForFolder(QWidget* parent, const QString& title, const QString& start
     return QFileDialog::getExistingDirectory(parent, title, startFolder, QFileDialog::ShowDirsOnly);
 }
 
-// Empty when absent. A hand-written path with an unquoted comma reads back as a list:
-// it is shown whole, as the validation pass saw it, not emptied.
-QString storedText(const QSettings& settings, QLatin1String key)
-{
-    return settings.contains(key) ? ZelSettings::GetSettingText(settings, key) : QString();
-}
-
 } // namespace
 
 bool GeneralModel::operator==(const GeneralModel& other) const
@@ -51,7 +44,7 @@ ZelGeneralSettingsPanel::ZelGeneralSettingsPanel(kqDMIApplication* application, 
     setStyleSheet(kqDMIApplication::GetStylesheet(QStringLiteral("ZelGeneralSettingsPanel")));
     setPanelName(tr("Folders"));
     setPanelCategory(ApplicationCategory);
-    m_initialCacheDirectory = storedText(this->settings(), SettingsKeys::CacheDirectory);
+    m_initialCacheDirectory = ZelSettings::GetSettingText(this->settings(), SettingsKeys::CacheDirectory);
 }
 
 ZelGeneralSettingsPanel::~ZelGeneralSettingsPanel() = default;
@@ -108,7 +101,7 @@ bool ZelGeneralSettingsPanel::shouldRestart() const
 {
     // Going back to the folder the running process already uses needs no restart,
     // although the stored value changes.
-    const QString stored = storedText(settings(), SettingsKeys::CacheDirectory);
+    const QString stored = ZelSettings::GetSettingText(settings(), SettingsKeys::CacheDirectory);
     const QString current = m_ui->databaseButton->toolTip();
     return current != stored && current != m_initialCacheDirectory;
 }
@@ -129,8 +122,11 @@ void ZelGeneralSettingsPanel::setMaxCacheSize()
 
 void ZelGeneralSettingsPanel::readSettings(GeneralModel& model) const
 {
-    model.cacheDirectory = storedText(settings(), SettingsKeys::CacheDirectory);
-    model.screenshotFolder = storedText(settings(), SettingsKeys::ScreenshotFolder);
+    // Absent, a folder reads as its registered default. A hand-written path with an
+    // unquoted comma reads back as a list: it is shown whole, as the validation pass
+    // saw it, not emptied.
+    model.cacheDirectory = ZelSettings::GetSettingText(settings(), SettingsKeys::CacheDirectory);
+    model.screenshotFolder = ZelSettings::GetSettingText(settings(), SettingsKeys::ScreenshotFolder);
     // Absent or unreadable, the size would read as 0, which the spin box shows as its
     // minimum: a pending edit that nobody made, and a tiny cache if applied. The
     // default stands in instead, or the form's own value when none is registered.

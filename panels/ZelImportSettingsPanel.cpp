@@ -120,15 +120,15 @@ void ZelImportSettingsPanel::on_angle_clicked()
 
 void ZelImportSettingsPanel::readSettings(ImportModel& model) const
 {
-    const QSettings& stored = settings();
-    model.qualitySet = stored.value(SettingsKeys::TesselationQualitySet).toBool();
-    model.isHighQuality = stored.value(SettingsKeys::TesselationIsHighQuality).toBool();
-    model.maxFaceSagSet = stored.value(SettingsKeys::TesselationMaxFaceSagSet).toBool();
-    model.maxFaceLengthSet = stored.value(SettingsKeys::TesselationMaxFaceLengthSet).toBool();
-    model.maxFaceAngleSet = stored.value(SettingsKeys::TesselationMaxFaceAngleSet).toBool();
-    model.maxFaceSag = stored.value(SettingsKeys::TesselationMaxFaceSag).toDouble();
-    model.maxFaceLength = stored.value(SettingsKeys::TesselationMaxFaceLength).toDouble();
-    model.maxFaceAngle = stored.value(SettingsKeys::TesselationMaxFaceAngle).toInt();
+    const auto stored = [this](QLatin1String key) { return PanelDefaults::storedOrDefault(settings(), key); };
+    model.qualitySet = stored(SettingsKeys::TesselationQualitySet).toBool();
+    model.isHighQuality = stored(SettingsKeys::TesselationIsHighQuality).toBool();
+    model.maxFaceSagSet = stored(SettingsKeys::TesselationMaxFaceSagSet).toBool();
+    model.maxFaceLengthSet = stored(SettingsKeys::TesselationMaxFaceLengthSet).toBool();
+    model.maxFaceAngleSet = stored(SettingsKeys::TesselationMaxFaceAngleSet).toBool();
+    model.maxFaceSag = stored(SettingsKeys::TesselationMaxFaceSag).toDouble();
+    model.maxFaceLength = stored(SettingsKeys::TesselationMaxFaceLength).toDouble();
+    model.maxFaceAngle = stored(SettingsKeys::TesselationMaxFaceAngle).toInt();
 }
 
 void ZelImportSettingsPanel::getDefaultSettings(ImportModel& model) const

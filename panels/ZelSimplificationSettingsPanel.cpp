@@ -1,6 +1,7 @@
 #include "ZelSimplificationSettingsPanel.h"
 #include "ui_ZelSimplificationSettingsPanel.h"
 
+#include "ZelPanelDefaults.h"
 #include "ZelPanelImages.h"
 #include "ZelPanelRanges.h"
 #include "ZelSettings.h"
@@ -113,7 +114,7 @@ void ZelSimplificationSettingsPanel::saveRatios()
 
 void ZelSimplificationSettingsPanel::readSettings(SimplificationModel& model) const
 {
-    const QVariant stored = settings().value(SettingsKeys::SimplificationRatios);
+    const QVariant stored = PanelDefaults::storedOrDefault(settings(), SettingsKeys::SimplificationRatios);
     model.ratios = parseRatios(stored.toString());
     if (model.ratios.size() == LevelCount)
         return;

@@ -67,6 +67,20 @@ struct FileWorld : PageWorld {
         return done;
     }
 
+    // Another program removes `key` from the file, as `torvane-config reset` does.
+    bool removeElsewhere(const QString& key)
+    {
+        Values file;
+        const QSettings reader(path, ZelSettings::SettingsFormat());
+        for (const QString& stored : reader.allKeys()) {
+            if (stored != key)
+                file.insert(stored, ZelSettings::GetSettingText(reader, stored));
+        }
+        const bool done = writeIni(path, file);
+        settings.sync();
+        return done && !settings.contains(key);
+    }
+
     QString error;
     bool validated;
     ZelSettingsPanel* page;
@@ -266,6 +280,28 @@ private Q_SLOTS:
         fresh->initializeWidget();
         QCOMPARE(shown(world.page), shown(fresh.get()));
         QVERIFY(shown(world.page) != before);
+    }
+
+    void removedKeyShowsItsDefault_data() { otherProgramRows(); }
+
+    // A key another program removed shows as its default, which the next start stores:
+    // neither an edit nobody made nor a value the next start would not show.
+    void removedKeyShowsItsDefault()
+    {
+        QFETCH(QString, pageName);
+        QFETCH(Values, initial);
+        QFETCH(QString, key);
+        QFETCH(QString, outside);
+        FileWorld world(pageName, withDefaults(initial));
+        QVERIFY(world.writeElsewhere({{key, outside}}));
+        world.page->reloadStoredSettings();
+        QVERIFY(world.removeElsewhere(key));
+        QCOMPARE(world.page->reloadStoredSettings(), QStringList());
+        QVERIFY(!world.page->hasModifications());
+        const QStringList removed = shown(world.page);
+        QVERIFY(world.writeElsewhere({{key, ZelSettings::GetDefaultSettingsValue(key)}}));
+        world.page->reloadStoredSettings();
+        QCOMPARE(shown(world.page), removed);
     }
 
     // A reload keeps the pending edit; where the other program stored something else
