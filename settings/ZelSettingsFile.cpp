@@ -62,6 +62,17 @@ QString passText(const QSettings& settings, const QString& key)
     return ZelSettings::GetSettingText(settings, key);
 }
 
+ZelSettingsFile::Layout layoutOfVersion(const QVariant& stored)
+{
+    bool isNumber = false;
+    const int version = stored.toString().trimmed().toInt(&isNumber);
+    if (!isNumber || version < 1)
+        return ZelSettingsFile::Layout::Discard;
+    if (version == 1)
+        return ZelSettingsFile::Layout::Upgrade;
+    return ZelSettingsFile::Layout::Current;
+}
+
 } // namespace
 
 int ZelSettingsFile::CurrentVersion()
@@ -73,13 +84,12 @@ ZelSettingsFile::Layout ZelSettingsFile::InspectLayout(const QSettings& settings
 {
     if (!QFileInfo::exists(settings.fileName()))
         return Layout::Missing;
-    bool isNumber = false;
-    const int version = settings.value(SettingsKeys::SettingsVersion).toString().trimmed().toInt(&isNumber);
-    if (!isNumber || version < 1)
-        return Layout::Discard;
-    if (version == 1)
-        return Layout::Upgrade;
-    return Layout::Current;
+    return layoutOfVersion(settings.value(SettingsKeys::SettingsVersion));
+}
+
+ZelSettingsFile::Layout ZelSettingsFile::InspectLayout(const QSettings::SettingsMap& values)
+{
+    return layoutOfVersion(values.value(SettingsKeys::SettingsVersion));
 }
 
 void ZelSettingsFile::Upgrade(QSettings& settings)

@@ -46,6 +46,8 @@ public:
     // The layout version this library writes.
     static int CurrentVersion();
     static Layout InspectLayout(const QSettings& settings);
+    // The layout of an existing file that holds `values`: never Missing.
+    static Layout InspectLayout(const QSettings::SettingsMap& values);
     // Version 1 to the current layout; every other value stays.
     static void Upgrade(QSettings& settings);
 

@@ -63,6 +63,8 @@ ZelControlCenterStandAloneWidget::ZelControlCenterStandAloneWidget(kqDMIApplicat
             &ZelControlCenterStandAloneWidget::takeOutsideChanges);
     connect(m_watch.get(), &ZelSettingsWatch::outsideValuesReplaced, this,
             &ZelControlCenterStandAloneWidget::tellOutsideValuesReplaced);
+    connect(m_watch.get(), &ZelSettingsWatch::versionRestoredOnApply, this,
+            &ZelControlCenterStandAloneWidget::tellVersionRestored);
 }
 
 void ZelControlCenterStandAloneWidget::showEvent(QShowEvent* event)
@@ -243,13 +245,19 @@ void ZelControlCenterStandAloneWidget::takeOutsideChanges(const QStringList& key
         m_controlCenter->reevaluateButtons();
     }
     const QSettings& settings = m_application->getSettings();
-    QStringList changes;
-    for (const QString& key : keys) {
-        changes.append(settings.contains(key)
-                ? tr("%1 is now \"%2\"").arg(key, ZelSettings::GetSettingText(settings, key))
-                : tr("%1 was removed").arg(key));
+    QString message;
+    if (settings.allKeys().isEmpty()) {
+        message = tr("Another program removed the settings file, or left no setting in it that Torvane can read: "
+                     "the pages show the default values.");
+    } else {
+        QStringList changes;
+        for (const QString& key : keys) {
+            changes.append(settings.contains(key)
+                    ? tr("%1 is now \"%2\"").arg(key, ZelSettings::GetSettingText(settings, key))
+                    : tr("%1 was removed").arg(key));
+        }
+        message = tr("Another program changed the settings file: %1.").arg(changes.join(QStringLiteral("; ")));
     }
-    QString message = tr("Another program changed the settings file: %1.").arg(changes.join(QStringLiteral("; ")));
     if (!overridden.isEmpty()) {
         message += QLatin1Char('\n')
             + tr("You are editing %1 as well: your values stay on the pages and replace the other program's when you "
@@ -270,6 +278,21 @@ void ZelControlCenterStandAloneWidget::tellOutsideValuesReplaced(const std::vect
     message += QLatin1Char('\n')
         + (copy.isEmpty() ? copyError
                           : tr("The file as it was is kept as \"%1\".").arg(QDir::toNativeSeparators(copy)));
+    showNotice(message);
+}
+
+void ZelControlCenterStandAloneWidget::tellVersionRestored(bool hadValues, const QString& copy,
+                                                           const QString& copyError)
+{
+    QString message = hadValues
+        ? tr("Another program left the settings file without its settings version, so the next start would have "
+             "set it aside. Apply wrote the version back with your changes.")
+        : tr("The settings file had been removed, or held no setting Torvane can read. Apply wrote it again with "
+             "your changes and its settings version; the settings you did not change take their default values.");
+    if (!copy.isEmpty())
+        message += QLatin1Char('\n') + tr("The file as it was is kept as \"%1\".").arg(QDir::toNativeSeparators(copy));
+    else if (!copyError.isEmpty())
+        message += QLatin1Char('\n') + copyError;
     showNotice(message);
 }
 

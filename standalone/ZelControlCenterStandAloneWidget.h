@@ -85,6 +85,7 @@ private:
     void takeOutsideChanges(const QStringList& keys);
     void tellOutsideValuesReplaced(const std::vector<SettingRepair>& values, const QString& copy,
                                    const QString& copyError);
+    void tellVersionRestored(bool hadValues, const QString& copy, const QString& copyError);
     // The pages in registration order.
     std::vector<ZelSettingsPanel*> pages() const;
 

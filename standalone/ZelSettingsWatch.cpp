@@ -2,6 +2,7 @@
 
 #include "ZelSettings.h"
 #include "ZelSettingsFile.h"
+#include "ZelSettingsKeys.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -78,7 +79,8 @@ void ZelSettingsWatch::checkFile()
 {
     watchFile();
     QSettings::SettingsMap values;
-    if (!readFile(values))
+    // A removed file removed every value; an unreadable one tells nothing.
+    if (QFileInfo::exists(m_file) && !readFile(values))
         return;
     QStringList changed;
     for (auto it = values.cbegin(); it != values.cend(); ++it) {
@@ -119,7 +121,13 @@ bool ZelSettingsWatch::writeApplied(QString& error)
 {
     QSettings::SettingsMap before;
     QByteArray beforeBytes;
-    readFile(before, &beforeBytes);
+    const bool existed = readFile(before, &beforeBytes);
+    // A file another program removed, emptied or left without its layout version would
+    // be set aside at the next start, with the edits written now: they go in with the
+    // version. Only the edited keys are written, so the others take their defaults.
+    const bool versionLost = !existed || ZelSettingsFile::InspectLayout(before) == ZelSettingsFile::Layout::Discard;
+    if (versionLost)
+        m_settings.setValue(SettingsKeys::SettingsVersion, QString::number(ZelSettingsFile::CurrentVersion()));
     m_settings.sync();
     QSettings::SettingsMap values;
     // QSettings keeps the first error it met, so the file itself says whether it
@@ -133,7 +141,7 @@ bool ZelSettingsWatch::writeApplied(QString& error)
         });
     }
     if (written) {
-        reportOutsideValues(before, beforeBytes, values);
+        reportOutsideValues(before, beforeBytes, values, versionLost);
         return true;
     }
     error = writeError();
@@ -143,7 +151,7 @@ bool ZelSettingsWatch::writeApplied(QString& error)
 }
 
 void ZelSettingsWatch::reportOutsideValues(const QSettings::SettingsMap& before, const QByteArray& beforeBytes,
-                                            const QSettings::SettingsMap& after)
+                                            const QSettings::SettingsMap& after, bool versionRestored)
 {
     const auto same = [](const QSettings::SettingsMap& values, const QString& key, const QVariant& value) {
         const auto found = values.constFind(key);
@@ -152,6 +160,8 @@ void ZelSettingsWatch::reportOutsideValues(const QSettings::SettingsMap& before,
     std::vector<SettingRepair> replaced;
     QStringList unseen;
     for (auto it = before.cbegin(); it != before.cend(); ++it) {
+        if (versionRestored && it.key() == SettingsKeys::SettingsVersion)
+            continue;
         // Written since we last looked: the watch had not reported it yet.
         const bool seen = same(m_known, it.key(), *it);
         if (same(after, it.key(), *it)) {
@@ -167,12 +177,14 @@ void ZelSettingsWatch::reportOutsideValues(const QSettings::SettingsMap& before,
     m_heldBack.clear();
     // Every edit left on the pages from now on was made with the file's values in view.
     m_outsideKeys.clear();
-    if (!replaced.empty()) {
-        QString copy;
-        QString copyError;
+    QString copy;
+    QString copyError;
+    if (!replaced.empty() || (versionRestored && !beforeBytes.isEmpty()))
         ZelSettingsFile::KeepCopy(m_file, beforeBytes, copy, copyError);
+    if (versionRestored)
+        Q_EMIT versionRestoredOnApply(!before.isEmpty(), copy, copyError);
+    if (!replaced.empty())
         Q_EMIT outsideValuesReplaced(replaced, copy, copyError);
-    }
     if (!unseen.isEmpty())
         Q_EMIT changedOutside(unseen);
 }

@@ -39,6 +39,10 @@ Q_SIGNALS:
     // file as it held them is `copy`; when no copy could be kept, `copyError` says why.
     void outsideValuesReplaced(const std::vector<zel::SettingRepair>& values, const QString& copy,
                                const QString& copyError);
+    // An Apply found the file removed or holding no readable setting (`hadValues` false),
+    // or without its layout version, and wrote the version back with the edits. The file as it was is `copy`,
+    // when it held anything; `copyError` says why no copy could be kept.
+    void versionRestoredOnApply(bool hadValues, const QString& copy, const QString& copyError);
 
 private:
     void watchFile();
@@ -47,7 +51,7 @@ private:
     // After a write: what the write replaced of another program's values, and what
     // another program wrote just before it, which the pages have not shown yet.
     void reportOutsideValues(const QSettings::SettingsMap& before, const QByteArray& beforeBytes,
-                             const QSettings::SettingsMap& after);
+                             const QSettings::SettingsMap& after, bool versionRestored);
     // Where the settings hold a value the file does not, they take the file's again.
     void takeFileValues(const QSettings::SettingsMap& values);
     QString writeError() const;

@@ -623,6 +623,18 @@ They are still on the pages: press Apply again once this is solved.</source>
         <source>The file as it was is kept as &quot;%1&quot;.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Another program removed the settings file, or left no setting in it that Torvane can read: the pages show the default values.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Another program left the settings file without its settings version, so the next start would have set it aside. Apply wrote the version back with your changes.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The settings file had been removed, or held no setting Torvane can read. Apply wrote it again with your changes and its settings version; the settings you did not change take their default values.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>zel::ZelGeneralSettingsPanel</name>

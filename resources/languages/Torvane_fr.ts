@@ -630,6 +630,18 @@ Elles sont toujours sur les pages : appuyez de nouveau sur Appliquer une fois le
         <source>The file as it was is kept as &quot;%1&quot;.</source>
         <translation>Le fichier tel qu’il était est conservé sous « %1 ».</translation>
     </message>
+    <message>
+        <source>Another program removed the settings file, or left no setting in it that Torvane can read: the pages show the default values.</source>
+        <translation>Un autre programme a supprimé le fichier de paramètres, ou n’y a laissé aucun paramètre que Torvane sache lire : les pages affichent les valeurs par défaut.</translation>
+    </message>
+    <message>
+        <source>Another program left the settings file without its settings version, so the next start would have set it aside. Apply wrote the version back with your changes.</source>
+        <translation>Un autre programme a laissé le fichier de paramètres sans sa version, si bien que le prochain démarrage l’aurait mis de côté. Appliquer a réécrit la version avec vos modifications.</translation>
+    </message>
+    <message>
+        <source>The settings file had been removed, or held no setting Torvane can read. Apply wrote it again with your changes and its settings version; the settings you did not change take their default values.</source>
+        <translation>Le fichier de paramètres avait été supprimé, ou ne contenait aucun paramètre que Torvane sache lire. Appliquer l’a réécrit avec vos modifications et sa version ; les paramètres que vous n’avez pas modifiés prennent leur valeur par défaut.</translation>
+    </message>
 </context>
 <context>
     <name>zel::ZelGeneralSettingsPanel</name>

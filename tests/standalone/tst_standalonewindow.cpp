@@ -257,6 +257,51 @@ private Q_SLOTS:
         QVERIFY2(notice().contains(QStringLiteral("deferred/useSSAO is now \"false\"")), qPrintable(notice()));
     }
 
+    // Removed, emptied or stripped of its version by another program, the file would be
+    // set aside at the next start with the edits applied meanwhile: Apply writes the
+    // version back with them, keeps what the file held, and says so.
+    void fileLosingItsVersionKeepsTheApply_data()
+    {
+        QTest::addColumn<QString>("change");
+        QTest::addColumn<QString>("seen");
+        QTest::addColumn<bool>("copied");
+        QTest::newRow("removed") << "remove" << "removed the settings file" << false;
+        QTest::newRow("emptied") << "empty" << "removed the settings file" << false;
+        QTest::newRow("version dropped") << "unversion" << "settingsVersion was removed" << true;
+    }
+
+    void fileLosingItsVersionKeepsTheApply()
+    {
+        QFETCH(QString, change);
+        QFETCH(QString, seen);
+        QFETCH(bool, copied);
+        const QString file = settingsFile();
+        editAPage();
+        QByteArray outside;
+        if (change == QLatin1String("remove")) {
+            QVERIFY(QFile::remove(file));
+        } else {
+            if (change == QLatin1String("unversion"))
+                outside = fileBytes(file).replace("settingsVersion=2\n", "");
+            QVERIFY(!outside.contains("settingsVersion"));
+            writeAsAnotherProgram(file, outside);
+        }
+        QTRY_VERIFY2(notice().contains(seen), qPrintable(notice()));
+
+        click(button("applyButton"));
+        QVERIFY(!m_window->controlCenter()->hasModifications());
+        const QVariantMap values = iniValues(file);
+        QCOMPARE(values.value(QStringLiteral("settingsVersion")).toString(), QStringLiteral("2"));
+        QCOMPARE(values.value(QStringLiteral("DBCache/cacheSize")).toString(), QStringLiteral("4086"));
+        QVERIFY2(notice().contains(QStringLiteral("Apply wrote")), qPrintable(notice()));
+        const QStringList copies = copiesBeside(file);
+        QCOMPARE(copies.size(), copied ? 1 : 0);
+        if (copied) {
+            QCOMPARE(fileBytes(copies.first()), outside);
+            QVERIFY2(notice().contains(copies.first()), qPrintable(notice()));
+        }
+    }
+
     // However many messages come, the bar stays a few lines tall and shows the newest;
     // the older ones scroll.
     void manyNoticesKeepThePagesInView()
