@@ -6,6 +6,8 @@
 #include "ZelRendererSettingsPanel.h"
 #include "ZelImportSettingsPanel.h"
 #include "ZelPageHost.h"
+#include "ZelSettings.h"
+#include "ZelSettingsKeys.h"
 #include "ZelSettingsNotice.h"
 #include "ZelSettingsWatch.h"
 #include "ZelWindowEdges.h"
@@ -252,9 +254,16 @@ void ZelControlCenterStandAloneWidget::takeOutsideChanges(const QStringList& key
     } else {
         QStringList changes;
         for (const QString& key : keys) {
-            changes.append(settings.contains(key)
-                    ? tr("%1 is now \"%2\"").arg(key, ZelSettings::GetSettingText(settings, key))
-                    : tr("%1 was removed").arg(key));
+            // Without its version the file is no longer taken as it is: no default applies.
+            const QString registered = key == SettingsKeys::SettingsVersion
+                ? QString()
+                : ZelSettings::GetDefaultSettingsValue(key);
+            if (settings.contains(key))
+                changes.append(tr("%1 is now \"%2\"").arg(key, ZelSettings::GetSettingText(settings, key)));
+            else if (registered.isNull())
+                changes.append(tr("%1 was removed").arg(key));
+            else
+                changes.append(tr("%1 was removed, so its default \"%2\" applies").arg(key, registered));
         }
         message = tr("Another program changed the settings file: %1.").arg(changes.join(QStringLiteral("; ")));
     }

@@ -635,6 +635,10 @@ They are still on the pages: press Apply again once this is solved.</source>
         <source>The settings file had been removed, or held no setting Torvane can read. Apply wrote it again with your changes and its settings version; the settings you did not change take their default values.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>%1 was removed, so its default &quot;%2&quot; applies</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>zel::ZelGeneralSettingsPanel</name>

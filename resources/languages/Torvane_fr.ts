@@ -642,6 +642,10 @@ Elles sont toujours sur les pages : appuyez de nouveau sur Appliquer une fois le
         <source>The settings file had been removed, or held no setting Torvane can read. Apply wrote it again with your changes and its settings version; the settings you did not change take their default values.</source>
         <translation>Le fichier de paramètres avait été supprimé, ou ne contenait aucun paramètre que Torvane sache lire. Appliquer l’a réécrit avec vos modifications et sa version ; les paramètres que vous n’avez pas modifiés prennent leur valeur par défaut.</translation>
     </message>
+    <message>
+        <source>%1 was removed, so its default &quot;%2&quot; applies</source>
+        <translation>%1 a été supprimé : sa valeur par défaut « %2 » s’applique</translation>
+    </message>
 </context>
 <context>
     <name>zel::ZelGeneralSettingsPanel</name>

@@ -235,10 +235,13 @@ private Q_SLOTS:
         QByteArray changed = fileBytes(file);
         QVERIFY(changed.contains("cacheSize=4096") && changed.contains("useSSAO=true"));
         changed.replace("cacheSize=4096", "cacheSize=2048").replace("useSSAO=true", "useSSAO=false");
+        changed.replace("useFXAA=true\n", "");
         writeAsAnotherProgram(file, changed);
         if (seenBeforeApply) {
             QTRY_VERIFY2(notice().contains(QStringLiteral("deferred/useSSAO is now \"false\"")),
                          qPrintable(notice()));
+            QVERIFY2(notice().contains(QStringLiteral("deferred/useFXAA was removed, so its default \"true\" applies")),
+                     qPrintable(notice()));
             QVERIFY2(notice().contains(QStringLiteral("You are editing DBCache/cacheSize")), qPrintable(notice()));
         }
         // The user's edit wins on Apply, the other program's other value stays.
