@@ -37,6 +37,9 @@ public:
     static QString GetSettingText(const QSettings& settings, const QString& key);
     // A stored value as that text: a list joined with ", ", anything else as itself.
     static QString SettingText(const QVariant& stored);
+    // The language a start stores when the file holds none: the one of the system locale
+    // `localeName` ("fr_FR") where the user texts are translated into it, else English.
+    static QString StartLanguage(const QString& localeName);
     // Registers the library's own keys; folders are derived from `applicationName`.
     static void InitDefaultSettingsValues(const QString& applicationName);
     // Registers the keys that the settings pages edit, with the defaults the pages show.

@@ -48,6 +48,13 @@ QString ZelSettings::GetSettingsFile(const QString& applicationName)
     return GetSettingsFolder(applicationName) + QStringLiteral("/Settings.ini");
 }
 
+QString ZelSettings::StartLanguage(const QString& localeName)
+{
+    const QString language = localeName.section(QLatin1Char('_'), 0, 0);
+    const QStringList translated = QString::fromLatin1(ZEL_LANGUAGES).split(QLatin1Char(','));
+    return translated.contains(language) ? language : QStringLiteral("en");
+}
+
 void ZelSettings::InitDefaultSettingsValues(const QString& applicationName)
 {
     const QString appDataFolder = GetSettingsFolder(applicationName);

@@ -146,10 +146,8 @@ QString loadTranslation(const QSettings& settings, QTranslator& translator)
 {
     // With no language stored yet, the system's own, where we speak it.
     QString code = settings.value(SettingsKeys::Language).toString();
-    if (code.isEmpty()) {
-        const QString system = QLocale::system().name().section(QLatin1Char('_'), 0, 0);
-        code = translationFile(system).isEmpty() ? QStringLiteral("en") : system;
-    }
+    if (code.isEmpty())
+        code = ZelSettings::StartLanguage(QLocale::system().name());
     QString file = translationFile(code);
     if (file.isEmpty() && code != QLatin1String("en")) {
         code = QStringLiteral("en");

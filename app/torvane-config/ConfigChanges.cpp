@@ -7,6 +7,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 #include <QMap>
 #include <QSaveFile>
 #include <QSettings>
@@ -236,7 +237,11 @@ int ConfigChanges::check(bool fix)
     bool passed = false;
     {
         const QuietKernel quiet;
-        passed = ZelSettingsFile::PlanRepairs(copy, repairs, missing, error) && ZelSettings::EnsureSettings(copy, error);
+        passed = ZelSettingsFile::PlanRepairs(copy, repairs, missing, error);
+        // The editor's start stores the system's language, not the registered default.
+        if (!copy.contains(SettingsKeys::Language))
+            copy.setValue(SettingsKeys::Language, ZelSettings::StartLanguage(QLocale::system().name()));
+        passed = passed && ZelSettings::EnsureSettings(copy, error);
     }
     // A file set aside starts again from the defaults; those are no news key by key.
     if (layout != ZelSettingsFile::Layout::Discard) {

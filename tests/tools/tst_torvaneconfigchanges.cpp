@@ -49,6 +49,8 @@ private Q_SLOTS:
     void versionOneIsUpgraded();
     void checkAndFix_data();
     void checkAndFix();
+    void languageFollowsTheSystem_data();
+    void languageFollowsTheSystem();
     void fixKeepsEveryCopy();
     void failingValidator();
     void editorOpenAtTheSameTime();
@@ -248,6 +250,28 @@ void TorvaneConfigChangesTest::checkAndFix()
     const QByteArray fixedBytes = fileBytes(iniPath());
     QVERIFY(writeBytes(iniPath(), bytes));
     QCOMPARE(fixedBytes, afterEditorPass(iniPath()));
+}
+
+void TorvaneConfigChangesTest::languageFollowsTheSystem_data()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<QString>("language");
+    QTest::newRow("translated") << "fr_FR.UTF-8" << "fr";
+    QTest::newRow("not translated") << "de_DE.UTF-8" << "en";
+}
+
+// With no language stored, the editor's start stores the system's where it speaks it:
+// check tells that, and --fix does it.
+void TorvaneConfigChangesTest::languageFollowsTheSystem()
+{
+    QFETCH(QString, locale);
+    QFETCH(QString, language);
+    QVERIFY(writeBytes(iniPath(), "settingsVersion=2\n"));
+    const QStringList environment {"LANG=" + locale, "LC_ALL=" + locale};
+    const Result check = run(onFile({"check"}), environment);
+    QVERIFY2(check.out.contains("\nlanguage: added with the default '" + language + "'\n"), qPrintable(check.out));
+    QCOMPARE(run(onFile({"check", "--fix"}), environment).exitCode, 0);
+    QCOMPARE(iniValues(iniPath()).value("language").toString(), language);
 }
 
 void TorvaneConfigChangesTest::fixKeepsEveryCopy()
