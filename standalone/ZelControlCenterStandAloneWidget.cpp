@@ -9,6 +9,7 @@
 #include "ZelSettings.h"
 #include "ZelSettingsKeys.h"
 #include "ZelSettingsNotice.h"
+#include "ZelSettingsStart.h"
 #include "ZelSettingsWatch.h"
 #include "ZelWindowEdges.h"
 #include "ZelSimplificationSettingsPanel.h"
@@ -37,6 +38,12 @@ namespace {
 constexpr int DrawerMinimumWidth = 320;
 constexpr int LogoWidth = 100;
 constexpr int PageInterval = 16; // ms
+
+// Where the file as it was is kept, or why no copy could be kept.
+QString keptCopyLine(const QString& copy, const QString& copyError)
+{
+    return copy.isEmpty() ? copyError : ZelSettingsStart::KeptCopyText(copy);
+}
 
 } // namespace
 
@@ -284,9 +291,7 @@ void ZelControlCenterStandAloneWidget::tellOutsideValuesReplaced(const std::vect
         replaced.append(tr("%1 was \"%2\"").arg(value.key, value.before));
     QString message = tr("Your values replaced what another program had stored: %1.")
                           .arg(replaced.join(QStringLiteral("; ")));
-    message += QLatin1Char('\n')
-        + (copy.isEmpty() ? copyError
-                          : tr("The file as it was is kept as \"%1\".").arg(QDir::toNativeSeparators(copy)));
+    message += QLatin1Char('\n') + keptCopyLine(copy, copyError);
     showNotice(message);
 }
 
@@ -298,10 +303,9 @@ void ZelControlCenterStandAloneWidget::tellVersionRestored(bool hadValues, const
              "set it aside. Apply wrote the version back with your changes.")
         : tr("The settings file had been removed, or held no setting Torvane can read. Apply wrote it again with "
              "your changes and its settings version; the settings you did not change take their default values.");
-    if (!copy.isEmpty())
-        message += QLatin1Char('\n') + tr("The file as it was is kept as \"%1\".").arg(QDir::toNativeSeparators(copy));
-    else if (!copyError.isEmpty())
-        message += QLatin1Char('\n') + copyError;
+    // An empty file leaves nothing to copy.
+    if (!copy.isEmpty() || !copyError.isEmpty())
+        message += QLatin1Char('\n') + keptCopyLine(copy, copyError);
     showNotice(message);
 }
 

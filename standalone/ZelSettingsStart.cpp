@@ -190,10 +190,15 @@ void ZelSettingsStart::afterPass()
     }
 }
 
-QString ZelSettingsStart::copyText() const
+QString ZelSettingsStart::KeptCopyText(const QString& copy)
 {
     return translated(QT_TRANSLATE_NOOP("ZelSettingsStart", "The file as it was is kept as \"%1\"."))
-        .arg(native(m_copy));
+        .arg(native(copy));
+}
+
+QString ZelSettingsStart::copyText() const
+{
+    return KeptCopyText(m_copy);
 }
 
 QStringList ZelSettingsStart::notices() const

@@ -51,6 +51,9 @@ public:
     void keepNoticesForNextStart() const;
     QStringList takeNoticesOfEarlierStart() const;
 
+    // The notice's line that tells where the file as it was is kept.
+    static QString KeptCopyText(const QString& copy);
+
 private:
     bool keepCopy(QString& error);
     QString noticeFile() const;

@@ -620,10 +620,6 @@ They are still on the pages: press Apply again once this is solved.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>The file as it was is kept as &quot;%1&quot;.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Another program removed the settings file, or left no setting in it that Torvane can read: the pages show the default values.</source>
         <translation type="unfinished"></translation>
     </message>

@@ -627,10 +627,6 @@ Elles sont toujours sur les pages : appuyez de nouveau sur Appliquer une fois le
         <translation>Vos valeurs ont remplacé celles qu’un autre programme avait enregistrées : %1.</translation>
     </message>
     <message>
-        <source>The file as it was is kept as &quot;%1&quot;.</source>
-        <translation>Le fichier tel qu’il était est conservé sous « %1 ».</translation>
-    </message>
-    <message>
         <source>Another program removed the settings file, or left no setting in it that Torvane can read: the pages show the default values.</source>
         <translation>Un autre programme a supprimé le fichier de paramètres, ou n’y a laissé aucun paramètre que Torvane sache lire : les pages affichent les valeurs par défaut.</translation>
     </message>
