@@ -173,6 +173,12 @@ void ZelSettingsWatch::reportOutsideValues(const QSettings::SettingsMap& before,
                                 ours == after.cend() ? QString() : ZelSettings::SettingText(*ours)});
         }
     }
+    // A key removed just before the write, and not written by it. A file that lost every
+    // key is the version notice's to tell.
+    for (auto it = m_known.cbegin(); it != m_known.cend() && !versionRestored; ++it) {
+        if (!before.contains(it.key()) && !after.contains(it.key()))
+            unseen.append(it.key());
+    }
     m_known = after;
     m_heldBack.clear();
     // Every edit left on the pages from now on was made with the file's values in view.

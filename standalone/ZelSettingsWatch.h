@@ -40,8 +40,8 @@ Q_SIGNALS:
     void outsideValuesReplaced(const std::vector<zel::SettingRepair>& values, const QString& copy,
                                const QString& copyError);
     // An Apply found the file removed or holding no readable setting (`hadValues` false),
-    // or without its layout version, and wrote the version back with the edits. The file as it was is `copy`,
-    // when it held anything; `copyError` says why no copy could be kept.
+    // or without its layout version, and wrote the version back with the edits. The file
+    // as it was is `copy`, when it held anything; `copyError` says why no copy was kept.
     void versionRestoredOnApply(bool hadValues, const QString& copy, const QString& copyError);
 
 private:
