@@ -113,9 +113,10 @@ bool ZelSettingsStart::prepare(const QString& languageCode, bool& rendererKnown,
     if (m_layout == ZelSettingsFile::Layout::Discard) {
         if (!ZelSettingsFile::SetAside(m_file, m_copy, error))
             return false;
-        // Only the language survives, so the selector speaks the user's language.
+        // Only the language survives, as stored, so the selector speaks the user's language.
+        const QVariant language = m_settings.value(SettingsKeys::Language, languageCode);
         m_settings.clear();
-        m_settings.setValue(SettingsKeys::Language, languageCode);
+        m_settings.setValue(SettingsKeys::Language, language);
         return true;
     }
     if (m_layout == ZelSettingsFile::Layout::Upgrade) {
