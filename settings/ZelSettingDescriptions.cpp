@@ -50,7 +50,8 @@ DescriptionTable makeTable()
           folders}},
         {Keys::Language,
          {QStringLiteral("The language of the user interface, as a code such as en or fr. A language without a "
-                         "translation shows in English."),
+                         "translation shows in English. Where none is stored, the settings editor stores the "
+                         "system's language if it has a translation, else the default."),
           byProgram}},
         {Keys::SimplificationRatios,
          {QStringLiteral("The share of a model's triangles kept at each of the five simplification levels, from "
