@@ -2,9 +2,11 @@
 #include "PagesByName.h"
 #include "TestHome.h"
 
+#include <QFile>
 #include <QLabel>
 #include <QSpinBox>
 #include <QTranslator>
+#include <QXmlStreamReader>
 
 // The compiled catalogues reach the pages under the contexts the build really uses: the
 // forms' texts and the texts of the pages' code.
@@ -28,6 +30,33 @@ class TestPageTranslations : public QObject
     }
 
 private Q_SLOTS:
+    // Every user text has its French: none waits for a translation, none is left empty
+    // (the French window would show it in English).
+    void everyTextHasItsFrench()
+    {
+        QFile catalogue(QStringLiteral(ZEL_TS_DIR "/Torvane_fr.ts"));
+        QVERIFY(catalogue.open(QIODevice::ReadOnly));
+        QXmlStreamReader xml(&catalogue);
+        QString source;
+        QStringList untranslated;
+        int messages = 0;
+        while (!xml.atEnd()) {
+            if (xml.readNext() != QXmlStreamReader::StartElement)
+                continue;
+            if (xml.name() == QLatin1String("source")) {
+                source = xml.readElementText();
+            } else if (xml.name() == QLatin1String("translation")) {
+                ++messages;
+                const bool unfinished = xml.attributes().value(QLatin1String("type")) == QLatin1String("unfinished");
+                if (unfinished || xml.readElementText(QXmlStreamReader::IncludeChildElements).trimmed().isEmpty())
+                    untranslated.append(source);
+            }
+        }
+        QVERIFY2(!xml.hasError(), qPrintable(xml.errorString()));
+        QVERIFY(messages > 100);
+        QVERIFY2(untranslated.isEmpty(), qPrintable(untranslated.join(QLatin1Char('\n'))));
+    }
+
     void pagesSpeakFrench_data()
     {
         QTest::addColumn<QString>("name");
