@@ -3,6 +3,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QScrollBar>
+#include <QTextBlock>
 #include <QToolButton>
 
 #include <algorithm>
@@ -12,8 +13,9 @@ namespace zel {
 
 namespace {
 
-// Above this many lines the bar scrolls instead of growing: the pages stay in view.
-constexpr int MostShownLines = 6;
+// Above this many lines the bar scrolls instead of growing: the pages stay in view. A
+// start's repairs, six values with their heading and the copy, still show whole.
+constexpr int MostShownLines = 8;
 
 } // namespace
 
@@ -27,9 +29,9 @@ ZelSettingsNotice::ZelSettingsNotice(QWidget* parent)
     connect(m_ui->noticeText->document()->documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged,
             this, &ZelSettingsNotice::fitHeight);
     QScrollBar* scrollBar = m_ui->noticeText->verticalScrollBar();
-    connect(scrollBar, &QScrollBar::rangeChanged, this, [this, scrollBar](int, int maximum) {
+    connect(scrollBar, &QScrollBar::rangeChanged, this, [this] {
         if (m_showNewest)
-            scrollBar->setValue(maximum);
+            showNewest();
     });
     // Once the user scrolls, the bar stays where they put it until the next message.
     connect(scrollBar, &QScrollBar::actionTriggered, this, [this] { m_showNewest = false; });
@@ -40,12 +42,26 @@ ZelSettingsNotice::~ZelSettingsNotice() = default;
 
 void ZelSettingsNotice::addMessage(const QString& message)
 {
+    const QString separator = QStringLiteral("\n\n");
+    m_newestStart = m_messages.isEmpty() ? 0 : int(m_messages.join(separator).size() + separator.size());
     m_messages.append(message);
     m_showNewest = true;
-    m_ui->noticeText->setPlainText(m_messages.join(QStringLiteral("\n\n")));
-    m_ui->noticeText->moveCursor(QTextCursor::End);
+    m_ui->noticeText->setPlainText(m_messages.join(separator));
+    // The keyboard reads on from the newest message too.
+    QTextCursor cursor = m_ui->noticeText->textCursor();
+    cursor.setPosition(m_newestStart);
+    m_ui->noticeText->setTextCursor(cursor);
     show();
     fitHeight();
+    showNewest();
+}
+
+void ZelSettingsNotice::showNewest()
+{
+    // Its first line at the top, so that what happened comes before the details.
+    const QTextDocument* document = m_ui->noticeText->document();
+    const QRectF block = document->documentLayout()->blockBoundingRect(document->findBlock(m_newestStart));
+    m_ui->noticeText->verticalScrollBar()->setValue(int(block.top()));
 }
 
 void ZelSettingsNotice::fitHeight()

@@ -15,7 +15,7 @@ namespace zel {
 // without being asked: a repair at start, a file set aside, a read-only folder, a value
 // another program wrote, a write that failed. It never blocks the window; the user
 // closes it when read. However many messages come, it stays a few lines tall and
-// scrolls, the newest in sight.
+// scrolls, the start of the newest in sight.
 class ZelSettingsNotice : public QFrame
 {
     Q_OBJECT
@@ -34,12 +34,16 @@ private:
     void closeNotice();
     // As tall as the messages, up to a few lines; the rest scrolls.
     void fitHeight();
+    // Scrolls to the newest message's first line, or as near as the text allows.
+    void showNewest();
 
     Q_DISABLE_COPY_MOVE(ZelSettingsNotice)
     std::unique_ptr<Ui::ZelSettingsNotice> m_ui;
     QStringList m_messages;
     // Keeps the newest message in sight as the text is laid out.
     bool m_showNewest = true;
+    // Where the newest message begins in the text.
+    int m_newestStart = 0;
 };
 
 } // namespace zel

@@ -13,6 +13,7 @@
 
 #include <QAbstractSpinBox>
 #include <QLabel>
+#include <QTextBlock>
 #include <QTextEdit>
 #include <QLayout>
 #include <QMessageBox>
@@ -320,6 +321,14 @@ private Q_SLOTS:
         QCOMPARE(m_window->size(), size);
         QCOMPARE(scrollBar->value(), scrollBar->maximum());
         QVERIFY(notice().endsWith(QStringLiteral("message 20.")));
+
+        // A message longer than the bar shows from its first line, which says what happened.
+        QStringList repairs {QStringLiteral("Torvane repaired these settings:")};
+        for (int line = 1; line <= 12; ++line)
+            repairs.append(QStringLiteral("• key %1").arg(line));
+        m_window->showNotice(repairs.join(QLatin1Char('\n')));
+        QTRY_COMPARE(text->cursorForPosition(QPoint(1, 1)).block().text(), repairs.first());
+        QVERIFY(scrollBar->value() < scrollBar->maximum());
     }
 
     void windowButtons()
