@@ -310,7 +310,25 @@ bool IniDocument::write(const QSettings::SettingsMap& values, QByteArray& out, Q
     out.clear();
     out.reserve(m_bytes.size() + m_bytes.size() / 8 + 64);
     out.append(QByteArrayView(m_bytes).first(m_bodyBegin));
+    // Keys of a root group the file has none of yet go before its first section, with no
+    // header, as in the files the editor makes, rather than under a [General] at the end.
+    QByteArray rootLines;
+    const auto root = std::find_if(newGroups.begin(), newGroups.end(),
+                                   [](const auto& entry) { return entry.first.isEmpty(); });
+    if (root != newGroups.end()) {
+        rootLines = root->second;
+        newGroups.erase(root);
+    }
+    qsizetype firstHeader = -1;
+    for (const Section& section : m_sections) {
+        if (section.header >= 0 && (firstHeader < 0 || section.header < firstHeader))
+            firstHeader = section.header;
+    }
     for (qsizetype index = 0; index < qsizetype(m_lines.size()); ++index) {
+        if (index == firstHeader && !rootLines.isEmpty()) {
+            out.append(rootLines);
+            out.append(newLine); // a blank line before the section
+        }
         const Line& line = m_lines[std::size_t(index)];
         const qsizetype entryIndex = entryOfLine[std::size_t(index)];
         const bool dropped = !kept[std::size_t(index)];
@@ -338,6 +356,9 @@ bool IniDocument::write(const QSettings::SettingsMap& values, QByteArray& out, Q
     // A last line without its line end gets one: editors and tools expect it.
     if (out.size() > m_bodyBegin && !out.endsWith('\n') && !out.endsWith('\r'))
         out.append(newLine);
+    // A file without sections takes them at its end, still before any new section.
+    if (firstHeader < 0)
+        out.append(rootLines);
 
     for (const auto& [group, lines] : newGroups) {
         if (out.size() > m_bodyBegin) {

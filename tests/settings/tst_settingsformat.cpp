@@ -146,6 +146,12 @@ void SettingsFormatTest::editsChangeOnlyTheirLines_data()
          "Logging/level=3", "General/x=y"},
         "top=1\nfirst=2\n\n[Display]\nengine=software\nquality=high\n; effects below\n\n"
         "[Display/effects]\nfxaa=true\nssao=false\n\n[%General]\nx=y\n\n[Logging]\nlevel=3\nlogFile=/tmp/log.txt\n");
+    // Keys of a root group the file lacks go before the first section, with no header.
+    row("root keys into sections", "; Torvane\n[A]\na=1\n", {"top=1", "B/b=2"},
+        "; Torvane\ntop=1\n\n[A]\na=1\n\n[B]\nb=2\n");
+    row("root keys into a new file", "", {"settingsVersion=2", "deferred/useSSAO=false"},
+        "settingsVersion=2\n\n[deferred]\nuseSSAO=false\n");
+    row("root keys after lines of no section", "; notes\nnot a key\n", {"top=1"}, "; notes\nnot a key\ntop=1\n");
     row("new keys beside General in any case", "[GeNeral]\nk=1\n\n[%general]\nj=2\n",
         {"x=3", "general/y=4", "GENERAL/z=5", "a/general/w=6"},
         "[GeNeral]\nk=1\nx=3\n\n[%general]\nj=2\ny=4\n\n[%GENERAL]\nz=5\n\n[a]\ngeneral\\w=6\n");
