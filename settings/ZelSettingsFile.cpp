@@ -15,7 +15,10 @@
 #include <cstring>
 
 #if defined(Q_OS_UNIX)
+#include <sys/statvfs.h>
 #include <unistd.h>
+#else
+#include <QStorageInfo>
 #endif
 
 namespace zel {
@@ -37,6 +40,26 @@ QString native(const QString& path)
 QString systemReason(int error)
 {
     return QString::fromLocal8Bit(std::strerror(error));
+}
+
+// True when the file system holding `folder` has no room left for a new file: a full
+// disk or quota, or no free inode. Writing the file needs a lock file and a new file
+// beside it before a single byte of settings is written, so either stops it.
+bool isFull(const QString& folder)
+{
+#if defined(Q_OS_UNIX)
+    struct statvfs space {};
+    if (::statvfs(QFile::encodeName(folder).constData(), &space) != 0)
+        return false;
+    // File systems with nothing to count (some FUSE ones), or with inodes made on demand
+    // (btrfs), report zeros that mean nothing.
+    const bool noBlocks = space.f_blocks > 0 && (::geteuid() == 0 ? space.f_bfree : space.f_bavail) == 0;
+    const bool noInodes = space.f_files > 0 && (::geteuid() == 0 ? space.f_ffree : space.f_favail) == 0;
+    return noBlocks || noInodes;
+#else
+    const QStorageInfo storage(folder);
+    return storage.isValid() && storage.bytesTotal() > 0 && storage.bytesAvailable() == 0;
+#endif
 }
 
 // Asks the system itself whether `path` may be written: it knows about read-only
@@ -185,6 +208,13 @@ FileProblem ZelSettingsFile::WriteProblem(const QString& file)
                                       "settings."))
                            .arg(native(folder));
         return problem;
+    }
+    if (isFull(folder)) {
+        problem.text = translated(QT_TRANSLATE_NOOP("ZelSettingsFile",
+                                      "The disk that holds \"%1\" is full. Free some space on it to save your "
+                                      "settings."))
+                           .arg(native(folder));
+        problem.reason = systemReason(ENOSPC);
     }
     return problem;
 }

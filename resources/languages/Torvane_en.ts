@@ -449,6 +449,10 @@ You may manually choose the parameters that will best fit your needs.</source>
         <source>The settings folder &quot;%1&quot; is read-only. Allow writing to it to save your settings.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>The disk that holds &quot;%1&quot; is full. Free some space on it to save your settings.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ZelSettingsNotice</name>

@@ -452,6 +452,10 @@ Vous pouvez choisir vous-même les paramètres les mieux adaptés à vos besoins
         <source>The settings folder &quot;%1&quot; is read-only. Allow writing to it to save your settings.</source>
         <translation>Le dossier des paramètres « %1 » est en lecture seule. Autorisez l’écriture pour enregistrer vos paramètres.</translation>
     </message>
+    <message>
+        <source>The disk that holds &quot;%1&quot; is full. Free some space on it to save your settings.</source>
+        <translation>Le disque qui contient « %1 » est plein. Libérez-y de la place pour enregistrer vos paramètres.</translation>
+    </message>
 </context>
 <context>
     <name>ZelSettingsNotice</name>

@@ -9,6 +9,7 @@
 #include <QDateTime>
 #include <QScopeGuard>
 #include <QSettings>
+#include <QStandardPaths>
 #include <QTest>
 
 #include <signal.h>
@@ -58,6 +59,7 @@ private Q_SLOTS:
     void fileProblems();
     void permissions_data();
     void permissions();
+    void fullDisk();
 };
 
 void TorvaneConfigChangesTest::set_data()
@@ -429,6 +431,38 @@ void TorvaneConfigChangesTest::permissions()
     QCOMPARE(fileBytes(file), fileMode >= 0 ? bytes : QByteArray());
     QCOMPARE(QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
              fileMode >= 0 ? QStringList {"Settings.ini"} : QStringList());
+}
+
+void TorvaneConfigChangesTest::fullDisk()
+{
+    // A small file system of the child's own, filled up: the lock file beside the
+    // settings cannot even be made, so no write of ours ever starts to tell why.
+    const QString unshare = QStandardPaths::findExecutable("unshare");
+    if (unshare.isEmpty())
+        QSKIP("No unshare to give the child a file system of its own.");
+    const QString folder = m_folder.filePath("full");
+    QVERIFY(QDir().mkpath(folder));
+    const QString script = QStringLiteral(
+        "mount -t tmpfs -o size=64k tmpfs \"$1\" || exit 0\n"
+        "printf 'settingsVersion=2\\nengine=deferred\\n' > \"$1/Settings.ini\"\n"
+        "cat /dev/zero > \"$1/filler\" 2>/dev/null\n"
+        "\"$2\" --file \"$1/Settings.ini\" set engine software\n"
+        "echo \"exit $?\"\n"
+        "ls -A \"$1\"\n"
+        "cat \"$1/Settings.ini\"\n");
+    QProcess process;
+    process.start(unshare, {"--user", "--map-root-user", "--mount", "sh", "-c", script, "sh", folder, TORVANE_CONFIG});
+    QVERIFY(process.waitForFinished(30000));
+    const QString out = QString::fromUtf8(process.readAllStandardOutput());
+    const QString err = QString::fromUtf8(process.readAllStandardError());
+    if (!out.startsWith("exit "))
+        QSKIP(qPrintable("This system lets no test mount a file system of its own: " + err));
+
+    QCOMPARE(out, "exit 4\nSettings.ini\nfiller\nsettingsVersion=2\nengine=deferred\n");
+    const QString expected = QStringLiteral("torvane-config: cannot write %1/Settings.ini: No space left on device. "
+                                            "The disk that holds \"%1\" is full.")
+                                 .arg(folder);
+    QVERIFY2(err.startsWith(expected), qPrintable(err));
 }
 
 QTEST_GUILESS_MAIN(TorvaneConfigChangesTest)
