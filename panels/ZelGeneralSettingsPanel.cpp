@@ -8,7 +8,9 @@
 #include "kqDMIApplication.h"
 #include "kqDMManager.h"
 
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QSettings>
 
 namespace zel {
@@ -21,6 +23,22 @@ constexpr int ElideMargin = 12;
 QString askForFolder(QWidget* parent, const QString& title, const QString& startFolder)
 {
     return QFileDialog::getExistingDirectory(parent, title, startFolder, QFileDialog::ShowDirsOnly);
+}
+
+// A folder the viewer has not made yet (no screenshot taken so far) would open the dialog
+// in the working folder; the nearest folder above it that exists is where the user looks.
+QString nearestExistingFolder(const QString& path)
+{
+    if (path.isEmpty() || QDir::isRelativePath(path))
+        return QDir::homePath();
+    QString folder = QDir::cleanPath(path);
+    while (!QFileInfo(folder).isDir()) {
+        const QString parent = QFileInfo(folder).path();
+        if (parent == folder)
+            return QDir::homePath();
+        folder = parent;
+    }
+    return folder;
 }
 
 } // namespace
@@ -188,7 +206,8 @@ void ZelGeneralSettingsPanel::saveSettingsInternal()
 
 void ZelGeneralSettingsPanel::chooseFolder(QPushButton* button, const QString& title)
 {
-    const QString folder = m_folderChooser(this, title, button->toolTip());
+    // A window of its own, not styled as a part of the drawer it opens from.
+    const QString folder = m_folderChooser(window(), title, nearestExistingFolder(button->toolTip()));
     if (folder.isEmpty())
         return;
     button->setToolTip(folder);

@@ -3,8 +3,10 @@
 #include "ZelGeneralSettingsPanel.h"
 #include "ZelSettingsKeys.h"
 
+#include <QDir>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTemporaryDir>
 
 using zel::ZelGeneralSettingsPanel;
 namespace Keys = zel::SettingsKeys;
@@ -28,8 +30,9 @@ struct GeneralPage : PageWorld {
     explicit GeneralPage(const Values& stored = Stored, const Values& defaults = Registered)
         : PageWorld(stored, defaults)
     {
-        page->setFolderChooser([this](QWidget*, const QString&, const QString& start) {
+        page->setFolderChooser([this](QWidget* parent, const QString&, const QString& start) {
             dialogs.append(start);
+            parents.append(parent);
             return answers.isEmpty() ? QString() : answers.takeFirst();
         });
     }
@@ -43,6 +46,7 @@ struct GeneralPage : PageWorld {
     ZelGeneralSettingsPanel* page = open(new ZelGeneralSettingsPanel(&app, settings));
     QStringList answers;
     QStringList dialogs;
+    QList<QWidget*> parents;
 };
 
 } // namespace
@@ -63,22 +67,33 @@ private Q_SLOTS:
     void folderDialogs_data()
     {
         QTest::addColumn<QString>("buttonName");
-        QTest::addColumn<QString>("shown");
-        QTest::newRow("cache") << "databaseButton" << "/stored/cache";
-        QTest::newRow("screenshots") << "screenshotFolderButton" << "/stored/shots";
+        QTest::addColumn<QString>("stored"); // under a temporary folder holding "made"
+        QTest::addColumn<QString>("opensOn");
+        QTest::newRow("cache") << "databaseButton" << "made" << "made";
+        // The viewer makes its screenshot folder only for the first screenshot.
+        QTest::newRow("screenshots not made yet") << "screenshotFolderButton" << "made/Pictures/Torvane" << "made";
     }
 
     void folderDialogs()
     {
         QFETCH(QString, buttonName);
-        QFETCH(QString, shown);
-        GeneralPage general;
+        QFETCH(QString, stored);
+        QFETCH(QString, opensOn);
+        QTemporaryDir root;
+        QVERIFY(QDir(root.path()).mkpath("made"));
+        const QString shown = root.filePath(stored);
+        Values values = Stored;
+        values[buttonName == "databaseButton" ? Keys::CacheDirectory : Keys::ScreenshotFolder] = shown;
+        GeneralPage general(values);
         auto* button = general.widget<QPushButton>(qPrintable(buttonName));
         QSignalSpy changed(general.page, SIGNAL(stateChanged()));
 
-        // The dialog opens on the current path; cancelling changes and announces nothing.
+        // The dialog opens on the current folder, or the nearest one above it that exists;
+        // cancelling changes and announces nothing.
         general.choose(qPrintable(buttonName), QString());
-        QCOMPARE(general.dialogs, QStringList{shown});
+        QCOMPARE(general.dialogs, QStringList{root.filePath(opensOn)});
+        // Over the window, where the drawer's style sheet does not reach it.
+        QCOMPARE(general.parents.first(), general.page->window());
         QCOMPARE(button->toolTip(), shown);
         QCOMPARE(changed.count(), 0);
 
