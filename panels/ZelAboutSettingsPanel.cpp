@@ -26,10 +26,10 @@ ZelAboutSettingsPanel::ZelAboutSettingsPanel(kqDMIApplication* application, QSet
     setStyleSheet(kqDMIApplication::GetStylesheet(QStringLiteral("ZelAboutSettingsPanel")));
     m_ui->platform->setText(QStringLiteral("X64"));
     showSharpImage(m_ui->applicationIcon, QStringLiteral(":/controlCenter/controlCenter/logo-torvane.png"));
-    // Rich text takes its link colour from here, not from style sheets: the title bar's
-    // purple reads well on the page's light body.
+    // Rich text takes its link colour from here, not from style sheets: a light blue that
+    // reads on the page's purple body and still looks like a link.
     m_ui->libUseLabel_2->setText(
-        QStringLiteral("<style>a { color: rgb(54, 45, 112); font-weight: 600; }</style>") +
+        QStringLiteral("<style>a { color: rgb(190, 230, 255); font-weight: 600; }</style>") +
         tr("<p><b>Qt %1</b>, the application framework, under the GNU Lesser General Public License "
            "version 3.<br/><a href=\"https://www.qt.io/\">www.qt.io</a> &middot; "
            "<a href=\"https://www.gnu.org/licenses/lgpl-3.0.html\">GNU LGPL v3</a></p>"

@@ -16,10 +16,13 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
+#include <QLabel>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSlider>
 #include <QTest>
+#include <QTextBlock>
+#include <QTextDocument>
 #include <QTranslator>
 
 #include <cmath>
@@ -156,6 +159,22 @@ private Q_SLOTS:
             const QColor text = w->palette().color(w->foregroundRole()), ground = background(w);
             QVERIFY2(contrast(text, ground) >= 4.5,
                      qPrintable(QStringLiteral("%1: %2 on %3").arg(shown, text.name(), ground.name())));
+            // Rich text may colour its own words, links above all.
+            if (!qobject_cast<QLabel*>(w) || !Qt::mightBeRichText(shown))
+                continue;
+            QTextDocument document;
+            document.setHtml(shown);
+            for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+                for (auto fragment = block.begin(); !fragment.atEnd(); ++fragment) {
+                    const QTextCharFormat format = fragment.fragment().charFormat();
+                    if (format.foreground().style() == Qt::NoBrush)
+                        continue;
+                    const QColor words = format.foreground().color();
+                    QVERIFY2(contrast(words, ground) >= 4.5,
+                             qPrintable(QStringLiteral("%1: %2 on %3")
+                                            .arg(fragment.fragment().text(), words.name(), ground.name())));
+                }
+            }
         }
     }
 
