@@ -125,12 +125,17 @@ bool ZelSettingsFile::KeepCopy(const QString& file, const QByteArray& bytes, QSt
 {
     const QString stem
         = file + QLatin1Char('.') + QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
+    // A file only its owner may read keeps a copy only its owner may read.
+    const QFileInfo original(file);
+    const QFileDevice::Permissions access = original.exists()
+        ? original.permissions() | QFileDevice::ReadOwner | QFileDevice::WriteOwner
+        : QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup | QFileDevice::ReadOther;
     for (int attempt = 1; attempt < 1000; ++attempt) {
         const QString candidate =
             stem + (attempt == 1 ? QString() : QStringLiteral("-%1").arg(attempt)) + QStringLiteral(".bak");
         QFile target(candidate);
         // NewOnly: a copy made by an earlier start, or a file of the user's, is never replaced.
-        if (!target.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+        if (!target.open(QIODevice::WriteOnly | QIODevice::NewOnly, access)) {
             if (target.exists())
                 continue;
             error = translated(QT_TRANSLATE_NOOP("ZelSettingsFile", "A copy of \"%1\" could not be kept as \"%2\": %3"))

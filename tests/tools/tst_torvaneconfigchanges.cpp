@@ -288,6 +288,7 @@ void TorvaneConfigChangesTest::fixKeepsEveryCopy()
         QVERIFY(writeBytes(copy, "earlier"));
     const QByteArray damaged = "settingsVersion=2\nengine=Software\n";
     QVERIFY(writeBytes(iniPath(), damaged));
+    QVERIFY(QFile::setPermissions(iniPath(), QFileDevice::ReadOwner | QFileDevice::WriteOwner));
 
     const Result fix = run(onFile({"check", "--fix"}));
     QCOMPARE(fix.exitCode, 0);
@@ -296,6 +297,9 @@ void TorvaneConfigChangesTest::fixKeepsEveryCopy()
     const QString kept = fix.out.section("The previous file is kept as ", 1).trimmed();
     QVERIFY2(!earlier.contains(kept), qPrintable(fix.out));
     QCOMPARE(fileBytes(kept), damaged);
+    // The copy of a file only its owner may read is no easier to read.
+    const QFileDevice::Permissions others = QFileDevice::ReadGroup | QFileDevice::ReadOther;
+    QCOMPARE(QFileInfo(kept).permissions() & others, QFileDevice::Permissions());
 }
 
 void TorvaneConfigChangesTest::failingValidator()
