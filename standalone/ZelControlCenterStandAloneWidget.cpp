@@ -23,6 +23,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QShowEvent>
 #include <QTimer>
 
@@ -64,6 +65,12 @@ ZelControlCenterStandAloneWidget::ZelControlCenterStandAloneWidget(kqDMIApplicat
     m_edges = std::make_unique<ZelWindowEdges>(this);
 
     connect(m_ui->closeButton, &QPushButton::clicked, this, &ZelControlCenterStandAloneWidget::closeWidget);
+    // The key that quits desktop programs closes the window as its button does, question
+    // included. Spelled out: without a desktop theme, Qt knows no key for quitting.
+    auto* quit = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this);
+    connect(quit, &QShortcut::activated, this, &ZelControlCenterStandAloneWidget::closeWidget);
+    m_ui->closeButton->setToolTip(QStringLiteral("%1 (%2)").arg(m_ui->closeButton->toolTip(),
+                                                                quit->key().toString(QKeySequence::NativeText)));
     connect(m_ui->maximizeButton, &QPushButton::clicked, this, &ZelControlCenterStandAloneWidget::triggerMaximize);
     connect(m_ui->minimizeButton, &QPushButton::clicked, this, &ZelControlCenterStandAloneWidget::triggerMinimize);
 

@@ -30,6 +30,7 @@
 #include <QTimer>
 
 #include <csignal>
+#include <functional>
 #include <memory>
 #include <sys/resource.h>
 
@@ -42,6 +43,7 @@ class tst_standalonewindow : public QObject
 private:
     TestHome m_home;
     EditorWindow m_editor;
+    QTimer m_questionWatch;
     std::unique_ptr<ZelControlCenterStandAloneWidget>& m_window = m_editor.window;
 
     QPushButton* button(const char* name) const
@@ -49,13 +51,24 @@ private:
         return m_window->findChild<QPushButton*>(QLatin1String(name));
     }
 
-    // Answers the question that the next close asks, with `key`; returns its text.
-    static void answerQuestion(Qt::Key key, QString* text)
+    // Answers the question that the next close asks, once it shows, with `answer`. Watched
+    // for rather than posted: input sent to the window lets events run before the close.
+    void answerQuestion(const std::function<void(QMessageBox*)>& answer)
     {
-        QTimer::singleShot(0, [key, text] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            if (!box)
-                return;
+        m_questionWatch.disconnect();
+        connect(&m_questionWatch, &QTimer::timeout, this, [this, answer] {
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                m_questionWatch.stop();
+                answer(box);
+            }
+        });
+        m_questionWatch.start(5);
+    }
+
+    // The same, answered with `key`; `text` gets the question.
+    void answerQuestion(Qt::Key key, QString* text)
+    {
+        answerQuestion([key, text](QMessageBox* box) {
             *text = box->text();
             QTest::keyClick(box->windowHandle(), key);
         });
@@ -116,6 +129,7 @@ private Q_SLOTS:
 
     void cleanup()
     {
+        m_questionWatch.stop();
         m_editor.close();
     }
 
@@ -141,33 +155,54 @@ private Q_SLOTS:
         QVERIFY(!m_window->controlCenter()->hasModifications());
     }
 
+private:
+    // The window's close button, or the keys that quit.
+    void closeTheWindow()
+    {
+        QFETCH(bool, byKeyboard);
+        if (!byKeyboard) {
+            click(button("closeButton"));
+            return;
+        }
+        // The offscreen platform does not give the window back its activation after a question.
+        m_window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        QTest::keyClick(m_window->windowHandle(), Qt::Key_Q, Qt::ControlModifier);
+    }
+
+    static void addCloseRows()
+    {
+        QTest::addColumn<bool>("byKeyboard");
+        QTest::newRow("close button") << false;
+        QTest::newRow("Ctrl+Q") << true;
+    }
+
+private Q_SLOTS:
+    void closingWithoutEditsAsksNothing_data() { addCloseRows(); }
     void closingWithoutEditsAsksNothing()
     {
         QString question;
         answerQuestion(Qt::Key_Escape, &question);
-        click(button("closeButton"));
+        closeTheWindow();
         QVERIFY(!m_window->isVisible());
         QVERIFY(question.isEmpty());
     }
 
+    void closingWithEditsAsksFirst_data() { addCloseRows(); }
     void closingWithEditsAsksFirst()
     {
         editAPage();
         for (const Qt::Key keep : {Qt::Key_Escape, Qt::Key_Return}) {
             QString question;
             answerQuestion(keep, &question);
-            click(button("closeButton"));
+            closeTheWindow();
             QCOMPARE(question, QStringLiteral("Your current changes will be discarded.\n"
                                               "Continue and close the application ?"));
             QVERIFY(m_window->isVisible());
             QVERIFY(m_window->controlCenter()->hasModifications());
         }
-        QTimer::singleShot(0, [] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            if (box)
-                click(box->button(QMessageBox::Ok));
-        });
-        click(button("closeButton"));
+        answerQuestion([](QMessageBox* box) { click(box->button(QMessageBox::Ok)); });
+        closeTheWindow();
         QVERIFY(!m_window->isVisible());
     }
 
