@@ -172,6 +172,12 @@ ConfigRequest parseConfigCommandLine(const QStringList& arguments)
     if (parser.isSet(help)) {
         request.action = ConfigRequest::Action::Help;
         request.text = parser.helpText();
+        // Qt's usage line names the path the program was started by; ours names the
+        // program, as the messages do.
+        const QString startedAs = QCoreApplication::arguments().value(0);
+        if (!startedAs.isEmpty())
+            request.text.replace(QStringLiteral("Usage: ") + startedAs,
+                                 QStringLiteral("Usage: ") + QCoreApplication::applicationName());
         return request;
     }
     if (parser.isSet(version)) {

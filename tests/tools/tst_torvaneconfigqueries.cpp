@@ -64,6 +64,7 @@ void TorvaneConfigQueriesTest::pathListAndGet()
     QCOMPARE(run({"path"}).out, m_home.configPath() + "/TorvaneBoundlessX64/Settings.ini\n");
     QCOMPARE(run({"--file", "relative.ini", "path"}).out, QDir::current().absoluteFilePath("relative.ini") + "\n");
     QCOMPARE(run({"--version"}).out, "torvane-config 1.1.0\n");
+    QVERIFY(run({"--help"}).out.startsWith("Usage: torvane-config [options] COMMAND [ARGUMENTS]\n"));
 
     QVERIFY(writeBytes(iniPath(), HandEdited));
     const Result list = run(onFile({"list"}));
