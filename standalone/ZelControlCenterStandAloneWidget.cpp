@@ -29,6 +29,7 @@
 
 #include <algorithm>
 #include <type_traits>
+#include <utility>
 
 namespace zel {
 
@@ -241,8 +242,15 @@ void ZelControlCenterStandAloneWidget::setSettingsReadOnly()
 void ZelControlCenterStandAloneWidget::writeAppliedSettings()
 {
     QString error;
-    if (m_readOnly || m_watch->writeApplied(error))
+    if (m_readOnly)
         return;
+    if (m_watch->writeApplied(error)) {
+        // A bar still saying that the last Apply failed must not outlive the problem.
+        if (std::exchange(m_applyFailed, false) && m_notice && !m_notice->isHidden())
+            showNotice(tr("Your changes are saved."));
+        return;
+    }
+    m_applyFailed = true;
     // The pages compare with the file's values again: the edits show as pending.
     for (ZelSettingsPanel* page : pages())
         page->applyNotWritten();

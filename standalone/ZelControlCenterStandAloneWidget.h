@@ -94,6 +94,8 @@ private:
     bool m_buildScheduled = false;
     bool m_menuRequested = false;
     bool m_readOnly = false;
+    // The last Apply could not be written.
+    bool m_applyFailed = false;
     std::unique_ptr<Ui::ControlCenterStandAlone> m_ui;
     std::unique_ptr<kq::kqMovableObject> m_movable;
     std::unique_ptr<ZelWindowEdges> m_edges;

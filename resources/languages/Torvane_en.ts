@@ -639,6 +639,10 @@ They are still on the pages: press Apply again once this is solved.</source>
         <source>%1 was removed, so its default &quot;%2&quot; applies</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Your changes are saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>zel::ZelGeneralSettingsPanel</name>

@@ -646,6 +646,10 @@ Elles sont toujours sur les pages : appuyez de nouveau sur Appliquer une fois le
         <source>%1 was removed, so its default &quot;%2&quot; applies</source>
         <translation>%1 a été supprimé : sa valeur par défaut « %2 » s’applique</translation>
     </message>
+    <message>
+        <source>Your changes are saved.</source>
+        <translation>Vos modifications sont enregistrées.</translation>
+    </message>
 </context>
 <context>
     <name>zel::ZelGeneralSettingsPanel</name>

@@ -252,6 +252,8 @@ private Q_SLOTS:
         click(apply);
         QVERIFY(!m_window->controlCenter()->hasModifications());
         QVERIFY(fileBytes(file) != before);
+        // The failure shown above is over, and the bar says so.
+        QVERIFY2(notice().endsWith(QStringLiteral("\nYour changes are saved.")), qPrintable(notice()));
         // Nothing of another program's was replaced: no copy.
         QCOMPARE(copiesBeside(file), QStringList());
     }
