@@ -1,5 +1,6 @@
 #include "ZelSettingsFile.h"
 
+#include "FileOwner.h"
 #include "IniDocument.h"
 #include "IniText.h"
 #include "ZelSettings.h"
@@ -142,6 +143,7 @@ bool ZelSettingsFile::KeepCopy(const QString& file, const QByteArray& bytes, QSt
                         .arg(native(file), native(candidate), target.errorString());
             return false;
         }
+        keepOwner(target, file);
         if (target.write(bytes) != bytes.size() || !target.flush()) {
             error = translated(QT_TRANSLATE_NOOP("ZelSettingsFile", "A copy of \"%1\" could not be kept as \"%2\": %3"))
                         .arg(native(file), native(candidate), target.errorString());

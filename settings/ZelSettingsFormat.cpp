@@ -1,5 +1,6 @@
 #include "ZelSettings.h"
 
+#include "FileOwner.h"
 #include "IniDocument.h"
 #include "ZelSettingsFile.h"
 
@@ -42,6 +43,8 @@ bool writeSettings(QIODevice& device, const QSettings::SettingsMap& map)
             current = file.readAll();
         }
     }
+    if (target)
+        keepOwner(*target, target->fileName());
     QByteArray bytes;
     QString error;
     if (!IniDocument(current).write(map, bytes, error)) {

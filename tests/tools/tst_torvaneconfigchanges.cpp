@@ -60,6 +60,7 @@ private Q_SLOTS:
     void permissions_data();
     void permissions();
     void fullDisk();
+    void superuserLeavesFilesToTheirOwner();
 };
 
 void TorvaneConfigChangesTest::set_data()
@@ -467,6 +468,30 @@ void TorvaneConfigChangesTest::fullDisk()
                                             "The disk that holds \"%1\" is full.")
                                  .arg(folder);
     QVERIFY2(err.startsWith(expected), qPrintable(err));
+}
+
+void TorvaneConfigChangesTest::superuserLeavesFilesToTheirOwner()
+{
+    const std::optional<OtherUser> user = otherUser();
+    if (::geteuid() != 0 || !user)
+        QSKIP("Only the superuser writes files that belong to someone else.");
+    const QString folder = m_folder.filePath("someone");
+    const QString file = folder + "/Settings.ini";
+    QVERIFY(QDir().mkpath(folder));
+    QVERIFY(writeBytes(file, "settingsVersion=2\nengine=Software\n"));
+    for (const QString& path : {folder, file})
+        QVERIFY(::chown(QFile::encodeName(path).constData(), user->uid, user->gid) == 0);
+
+    // A repair with its copy, and a file new in their folder.
+    const Result fix = run({"--file", file, "check", "--fix"});
+    QCOMPARE(fix.exitCode, 0);
+    const QString kept = fix.out.section("The previous file is kept as ", 1).trimmed();
+    const QString created = folder + "/Other.ini";
+    QCOMPARE(run({"--file", created, "set", "engine", "software"}).exitCode, 0);
+    for (const QString& path : {file, kept, created}) {
+        QCOMPARE(QFileInfo(path).ownerId(), user->uid);
+        QCOMPARE(QFileInfo(path).groupId(), user->gid);
+    }
 }
 
 QTEST_GUILESS_MAIN(TorvaneConfigChangesTest)
