@@ -195,6 +195,14 @@ FileProblem ZelSettingsFile::WriteProblem(const QString& file)
         problem.reason = systemReason(EISDIR);
         return problem;
     }
+    if (info.exists() && !info.isFile()) {
+        problem.text = translated(QT_TRANSLATE_NOOP("ZelSettingsFile",
+                                      "\"%1\" is not a regular file, and only a regular file can hold the "
+                                      "settings."))
+                           .arg(native(file));
+        problem.reason = ReadProblem(file);
+        return problem;
+    }
     if (!QFileInfo(folder).isDir()) {
         problem.text
             = translated(QT_TRANSLATE_NOOP("ZelSettingsFile", "The folder \"%1\" does not exist.")).arg(native(folder));
@@ -224,6 +232,16 @@ FileProblem ZelSettingsFile::WriteProblem(const QString& file)
         problem.reason = systemReason(ENOSPC);
     }
     return problem;
+}
+
+QString ZelSettingsFile::ReadProblem(const QString& file)
+{
+    const QFileInfo info(file);
+    if (!info.exists() || info.isFile())
+        return QString();
+    if (info.isDir())
+        return systemReason(EISDIR);
+    return translated(QT_TRANSLATE_NOOP("ZelSettingsFile", "Not a regular file"));
 }
 
 QSettings::SettingsMap ZelSettingsFile::ReadValues(const QByteArray& bytes)

@@ -61,6 +61,10 @@ public:
     // Why writing `file` would fail; null when nothing stands in the way. A file is
     // written by replacing it, so its folder must be writable as well as the file.
     static FileProblem WriteProblem(const QString& file);
+    // Why `file` must not even be opened for reading: it is a folder, or a device, a pipe
+    // or a socket, where a read could wait for ever or never end. Empty for a regular
+    // file, or none.
+    static QString ReadProblem(const QString& file);
     // The system's reason for the last failed write through ZelSettings::SettingsFormat()
     // on this thread, empty when the last write succeeded.
     static QString LastWriteError();

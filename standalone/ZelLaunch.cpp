@@ -8,6 +8,7 @@
 #include "ZelSettingsKeys.h"
 #include "ZelSettingsStart.h"
 #include "ZelSingleInstance.h"
+#include "ZelSettingsFile.h"
 #include "ZelStartupWarmUp.h"
 #include "ZelKernel.h"
 #include "kqDMIApplication.h"
@@ -69,6 +70,22 @@ QString translationFile(const QString& code)
             return candidate;
     }
     return QString();
+}
+
+// Installs the catalogue of the stored language `code`; returns the code in use.
+QString installTranslation(QString code, QTranslator& translator)
+{
+    // With no language stored yet, the system's own, where we speak it.
+    if (code.isEmpty())
+        code = ZelSettings::StartLanguage(QLocale::system().name());
+    QString file = translationFile(code);
+    if (file.isEmpty() && code != QLatin1String("en")) {
+        code = QStringLiteral("en");
+        file = translationFile(code);
+    }
+    if (!file.isEmpty() && translator.load(file))
+        QCoreApplication::installTranslator(&translator);
+    return code;
 }
 
 void startPlatform()
@@ -139,23 +156,15 @@ int runEditor(ZelSettingsApplication& application, ZelSingleInstance& instance, 
 
 QString loadTranslation(const QString& settingsFile, QTranslator& translator)
 {
+    // A file that must not be read stores no language.
+    if (!ZelSettingsFile::ReadProblem(settingsFile).isEmpty())
+        return installTranslation(QString(), translator);
     return loadTranslation(QSettings(settingsFile, ZelSettings::SettingsFormat()), translator);
 }
 
 QString loadTranslation(const QSettings& settings, QTranslator& translator)
 {
-    // With no language stored yet, the system's own, where we speak it.
-    QString code = settings.value(SettingsKeys::Language).toString();
-    if (code.isEmpty())
-        code = ZelSettings::StartLanguage(QLocale::system().name());
-    QString file = translationFile(code);
-    if (file.isEmpty() && code != QLatin1String("en")) {
-        code = QStringLiteral("en");
-        file = translationFile(code);
-    }
-    if (!file.isEmpty() && translator.load(file))
-        QCoreApplication::installTranslator(&translator);
-    return code;
+    return installTranslation(settings.value(SettingsKeys::Language).toString(), translator);
 }
 
 } // namespace zel
@@ -191,6 +200,16 @@ int launch(int argc, char** argv)
     const QString settingsFolder = ZelControlCenter::GetSettingsFolder(applicationName);
     QDir().mkpath(settingsFolder);
     const QString settingsFile = ZelControlCenter::GetSettingsFile(applicationName);
+    // Not even opened when it cannot hold settings: reading a pipe would keep the start
+    // waiting, and a device might never end.
+    if (!ZelSettingsFile::ReadProblem(settingsFile).isEmpty()) {
+        QTranslator translator;
+        loadTranslation(settingsFile, translator);
+        showFatalError(ZelSettingsFile::WriteProblem(settingsFile).text);
+        QCoreApplication::removeTranslator(&translator);
+        stopPlatform();
+        return 0;
+    }
     // The one settings object of this start: the file is read here, once, and written at
     // most once, by the validation pass.
     auto settings = std::make_unique<QSettings>(settingsFile, ZelSettings::SettingsFormat());

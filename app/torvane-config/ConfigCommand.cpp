@@ -2,6 +2,7 @@
 
 #include "ConfigCommandLine.h"
 #include "ZelSettings.h"
+#include "ZelSettingsFile.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -52,10 +53,8 @@ bool ConfigCommand::read(std::optional<QByteArray>& bytes)
     const QFileInfo info(m_file);
     if (!info.exists())
         return true;
-    QString reason;
-    if (info.isDir()) {
-        reason = systemReason(EISDIR);
-    } else {
+    QString reason = ZelSettingsFile::ReadProblem(m_file);
+    if (reason.isEmpty()) {
         QFile file(m_file);
         if (file.open(QIODevice::ReadOnly)) {
             bytes = file.readAll();

@@ -126,12 +126,10 @@ void ConfigMonitor::check()
 bool ConfigMonitor::read(QSettings::SettingsMap& values, QString& reason) const
 {
     values.clear();
-    const QFileInfo info(m_file);
-    QFile file(m_file);
-    if (info.isDir()) {
-        reason = QString::fromLocal8Bit(std::strerror(EISDIR));
+    reason = ZelSettingsFile::ReadProblem(m_file);
+    if (!reason.isEmpty())
         return false;
-    }
+    QFile file(m_file);
     if (!file.open(QIODevice::ReadOnly)) {
         reason = file.errorString();
         // Gone since: the same as never there.

@@ -453,6 +453,14 @@ You may manually choose the parameters that will best fit your needs.</source>
         <source>The disk that holds &quot;%1&quot; is full. Free some space on it to save your settings.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is not a regular file, and only a regular file can hold the settings.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not a regular file</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ZelSettingsNotice</name>

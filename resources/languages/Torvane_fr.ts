@@ -456,6 +456,14 @@ Vous pouvez choisir vous-même les paramètres les mieux adaptés à vos besoins
         <source>The disk that holds &quot;%1&quot; is full. Free some space on it to save your settings.</source>
         <translation>Le disque qui contient « %1 » est plein. Libérez-y de la place pour enregistrer vos paramètres.</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is not a regular file, and only a regular file can hold the settings.</source>
+        <translation>« %1 » n’est pas un fichier ordinaire, et seul un fichier ordinaire peut contenir les paramètres.</translation>
+    </message>
+    <message>
+        <source>Not a regular file</source>
+        <translation>Pas un fichier ordinaire</translation>
+    </message>
 </context>
 <context>
     <name>ZelSettingsNotice</name>

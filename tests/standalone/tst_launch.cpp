@@ -296,14 +296,27 @@ private Q_SLOTS:
         QCOMPARE(copies(), QStringList());
     }
 
-    void folderInPlaceOfTheFileIsNamed()
+    void folderOrPipeInPlaceOfTheFileIsNamed_data()
     {
-        QDir().mkpath(settingsFile());
+        QTest::addColumn<bool>("pipe");
+        QTest::addColumn<QString>("named");
+        QTest::newRow("folder") << false << "is a folder, not a settings file";
+        // Read, a pipe would keep the start waiting for a writer.
+        QTest::newRow("pipe") << true << "is not a regular file, and only a regular file can hold the settings";
+    }
+
+    void folderOrPipeInPlaceOfTheFileIsNamed()
+    {
+        QFETCH(bool, pipe);
+        QFETCH(QString, named);
+        QVERIFY(QDir().mkpath(settingsFolder()));
+        QVERIFY(pipe ? ::mkfifo(QFile::encodeName(settingsFile()).constData(), 0644) == 0
+                     : QDir().mkpath(settingsFile()));
         const Run run = runDriver({"Return"});
-        QDir(settingsFile()).removeRecursively();
+        QVERIFY(pipe ? QFile::remove(settingsFile()) : QDir(settingsFile()).removeRecursively());
         QCOMPARE(run.exitCode, 0);
         QVERIFY2(run.output.contains(FatalTitle), qPrintable(run.output));
-        QVERIFY2(run.output.contains("is a folder, not a settings file"), qPrintable(run.output));
+        QVERIFY2(run.output.contains(named), qPrintable(run.output));
     }
 
     void hostPrintsHelpAndVersionWithoutWindow()

@@ -60,6 +60,7 @@ private Q_SLOTS:
     void permissions_data();
     void permissions();
     void fullDisk();
+    void pipeIsNeverOpened();
     void superuserLeavesFilesToTheirOwner();
 };
 
@@ -468,6 +469,21 @@ void TorvaneConfigChangesTest::fullDisk()
                                             "The disk that holds \"%1\" is full.")
                                  .arg(folder);
     QVERIFY2(err.startsWith(expected), qPrintable(err));
+}
+
+void TorvaneConfigChangesTest::pipeIsNeverOpened()
+{
+    // Read, a pipe would keep the tool waiting for a writer; replaced, it would be gone.
+    QVERIFY(::mkfifo(QFile::encodeName(iniPath()).constData(), 0644) == 0);
+    const auto removePipe = qScopeGuard([this] { QFile::remove(iniPath()); });
+    for (const QStringList& command : {QStringList {"get", "engine"}, QStringList {"set", "engine", "software"},
+                                       QStringList {"check", "--fix"}, QStringList {"monitor"}}) {
+        const Result result = run(onFile(command));
+        QCOMPARE(result.exitCode, 4);
+        QCOMPARE(result.err, "torvane-config: cannot read " + iniPath() + ": Not a regular file\n");
+    }
+    QVERIFY(QFileInfo(iniPath()).exists() && !QFileInfo(iniPath()).isFile());
+    QCOMPARE(copies(), QStringList());
 }
 
 void TorvaneConfigChangesTest::superuserLeavesFilesToTheirOwner()
