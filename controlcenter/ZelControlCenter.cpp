@@ -65,6 +65,9 @@ ZelControlCenter::ZelControlCenter(kqDMIApplication* application, QWidget* paren
     m_ui->verticalLayout->setAlignment(Qt::AlignTop);
     m_ui->verticalLayout_6->setAlignment(Qt::AlignTop);
     m_ui->verticalLayout_4->setAlignment(Qt::AlignTop);
+    // A page whose form ends in a spacer would stretch to the drawer's height when it is
+    // all the drawer shows (a search); the room below the last page stays empty instead.
+    m_ui->verticalLayout_4->addStretch(1);
 
     // The drawer slides by its width; the host lays it out beside this widget, which
     // takes it out of reach of this widget's style sheet, so it carries its own. Each

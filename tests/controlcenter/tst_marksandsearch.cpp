@@ -163,6 +163,12 @@ private Q_SLOTS:
         QCOMPARE(general()->isVisible(), onGeneral);
         QCOMPARE(display()->isVisible(), !onGeneral);
         QVERIFY(match->visibleRegion().boundingRect().height() == match->height());
+        // The page left keeps its own height, however much room the drawer has below it.
+        QWidget* page = onGeneral ? general() : display();
+        const auto natural = [page] {
+            return page->hasHeightForWidth() ? page->heightForWidth(page->width()) : page->sizeHint().height();
+        };
+        QTRY_COMPARE(page->height(), natural());
 
         // Return, Enter or Down take the keyboard to the match; Ctrl+F brings it back.
         QFETCH(int, into);
