@@ -195,6 +195,16 @@ FileProblem ZelSettingsFile::WriteProblem(const QString& file)
         problem.reason = systemReason(EISDIR);
         return problem;
     }
+    // A link whose file is missing (settings kept elsewhere, not there now) cannot be
+    // written through, and replacing the link would lose where they are kept.
+    if (info.isSymLink() && !info.exists()) {
+        problem.text = translated(QT_TRANSLATE_NOOP("ZelSettingsFile",
+                                      "\"%1\" is a link to \"%2\", which does not exist. Restore that file, or "
+                                      "remove the link, so that the settings can be saved."))
+                           .arg(native(file), native(info.symLinkTarget()));
+        problem.reason = systemReason(ENOENT);
+        return problem;
+    }
     if (info.exists() && !info.isFile()) {
         problem.text = translated(QT_TRANSLATE_NOOP("ZelSettingsFile",
                                       "\"%1\" is not a regular file, and only a regular file can hold the "

@@ -192,6 +192,13 @@ int ConfigChanges::check(bool fix)
     if (!read(bytes))
         return ExitFileError;
     if (!bytes) {
+        // The editor's first start makes it, with its folder, unless nothing can be
+        // written there.
+        const FileProblem problem = ZelSettingsFile::WriteProblem(m_file);
+        if (!problem.isNull() && QFileInfo(QFileInfo(m_file).absolutePath()).isDir()) {
+            m_err << QStringLiteral("torvane-config: ") << problemText(m_file, problem) << Qt::endl;
+            return ExitFileError;
+        }
         m_out << QStringLiteral("%1 does not exist yet: the settings editor makes it at its first start").arg(m_file)
               << Qt::endl;
         return ExitDone;

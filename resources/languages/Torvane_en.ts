@@ -461,6 +461,10 @@ You may manually choose the parameters that will best fit your needs.</source>
         <source>Not a regular file</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is a link to &quot;%2&quot;, which does not exist. Restore that file, or remove the link, so that the settings can be saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ZelSettingsNotice</name>

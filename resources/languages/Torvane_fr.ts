@@ -464,6 +464,10 @@ Vous pouvez choisir vous-même les paramètres les mieux adaptés à vos besoins
         <source>Not a regular file</source>
         <translation>Pas un fichier ordinaire</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is a link to &quot;%2&quot;, which does not exist. Restore that file, or remove the link, so that the settings can be saved.</source>
+        <translation>« %1 » est un lien vers « %2 », qui n’existe pas. Rétablissez ce fichier, ou supprimez le lien, pour que les paramètres puissent être enregistrés.</translation>
+    </message>
 </context>
 <context>
     <name>ZelSettingsNotice</name>

@@ -61,6 +61,7 @@ private Q_SLOTS:
     void permissions();
     void fullDisk();
     void pipeIsNeverOpened();
+    void linkToAMissingFileIsNamed();
     void superuserLeavesFilesToTheirOwner();
 };
 
@@ -484,6 +485,23 @@ void TorvaneConfigChangesTest::pipeIsNeverOpened()
     }
     QVERIFY(QFileInfo(iniPath()).exists() && !QFileInfo(iniPath()).isFile());
     QCOMPARE(copies(), QStringList());
+}
+
+void TorvaneConfigChangesTest::linkToAMissingFileIsNamed()
+{
+    // Settings kept elsewhere, not there now: written through, the link would be lost.
+    const QString target = m_folder.filePath("elsewhere/Settings.ini");
+    QVERIFY(QDir().mkpath(m_folder.filePath("elsewhere")));
+    QVERIFY(QFile::link(target, iniPath()));
+    const auto removeLink = qScopeGuard([this] { QFile::remove(iniPath()); });
+    const QString named = QStringLiteral("\"%1\" is a link to \"%2\", which does not exist.").arg(iniPath(), target);
+    for (const QStringList& command : {QStringList {"set", "engine", "software"}, QStringList {"check"}}) {
+        const Result result = run(onFile(command));
+        QCOMPARE(result.exitCode, 4);
+        QVERIFY2(result.err.contains(named), qPrintable(result.err));
+    }
+    QCOMPARE(QFileInfo(iniPath()).symLinkTarget(), target);
+    QVERIFY(!QFileInfo::exists(target));
 }
 
 void TorvaneConfigChangesTest::superuserLeavesFilesToTheirOwner()
