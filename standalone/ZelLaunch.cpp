@@ -127,7 +127,12 @@ int runEditor(ZelSettingsApplication& application, ZelSingleInstance& instance, 
         qWarning("Cannot append to the log file %s", qUtf8Printable(logFile));
 
     int result = 1;
-    if (selectorShown) {
+    if (selectorShown && start.isReadOnly()) {
+        // The choice could not be stored: the next start would ask again, with no word why.
+        showFatalError(QCoreApplication::translate("ZelControlCenterStandAloneWidget",
+                                                   "The display type you chose could not be saved. %1")
+                           .arg(start.readOnlyReason()));
+    } else if (selectorShown) {
         // No window this time: the next one tells what this start did.
         start.keepNoticesForNextStart();
     } else {

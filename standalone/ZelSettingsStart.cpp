@@ -89,6 +89,11 @@ bool ZelSettingsStart::isReadOnly() const
     return !m_readOnly.isNull();
 }
 
+QString ZelSettingsStart::readOnlyReason() const
+{
+    return isReadOnly() ? QStringLiteral("%1 (%2)").arg(m_readOnly.text, m_readOnly.reason) : QString();
+}
+
 bool ZelSettingsStart::keepCopy(QString& error)
 {
     if (!m_copy.isEmpty())

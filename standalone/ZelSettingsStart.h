@@ -28,6 +28,8 @@ public:
     // True when the settings cannot be written: then nothing is changed on disk and the
     // window opens read-only.
     bool isReadOnly() const;
+    // Why, in a sentence with the system's reason; empty when the settings can be written.
+    QString readOnlyReason() const;
 
     // Upgrades a version-1 file or sets an older one aside, a copy kept first, then
     // tells whether the renderer is known. The settings hold the change; the validation

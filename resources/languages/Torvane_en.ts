@@ -137,6 +137,10 @@ Continue and close the application ?</source>
         <source>The settings file &quot;%1&quot; could not be put back as it was: %2</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>The display type you chose could not be saved. %1</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ZelFieldMarks</name>

@@ -138,6 +138,10 @@ Continuer et fermer l’application ?</translation>
         <source>The settings file &quot;%1&quot; could not be put back as it was: %2</source>
         <translation>Le fichier de paramètres « %1 » n’a pas pu être remis dans son état d’origine : %2</translation>
     </message>
+    <message>
+        <source>The display type you chose could not be saved. %1</source>
+        <translation>Le type d’affichage choisi n’a pas pu être enregistré. %1</translation>
+    </message>
 </context>
 <context>
     <name>ZelFieldMarks</name>

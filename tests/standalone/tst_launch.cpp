@@ -13,8 +13,11 @@
 #include <QScopeGuard>
 #include <QTest>
 
+#include <csignal>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
@@ -34,9 +37,12 @@ const QString FatalTitle = "seen Torvane - Fatal Error";
 // Opens the editor, reads its notice bar and closes it untouched.
 const QStringList OpenAndClose = {"wait:3", "notice", "click:closeButton"};
 
-std::unique_ptr<QProcess> startDriver(const QStringList& answers, const QStringList& arguments = {})
+std::unique_ptr<QProcess> startDriver(const QStringList& answers, const QStringList& arguments = {},
+                                      const std::function<void()>& inChild = {})
 {
     auto process = std::make_unique<QProcess>();
+    if (inChild)
+        process->setChildProcessModifier(inChild);
     // "resources/languages" is found from the working folder, as in the viewer.
     process->setWorkingDirectory(ZEL_BUILD_DIR);
     process->start(LAUNCH_DRIVER, arguments.isEmpty() ? answers : answers + QStringList("--") + arguments);
@@ -294,6 +300,22 @@ private Q_SLOTS:
         QVERIFY2(run.output.contains("cannot be read (Permission denied)"), qPrintable(run.output));
         QCOMPARE(fileBytes(settingsFile()), original);
         QCOMPARE(copies(), QStringList());
+    }
+
+    void choiceThatCannotBeSavedIsSaid()
+    {
+        // A file size limit leaves room for the write lock, not for a new account's file.
+        const auto limitFileSize = [] {
+            ::signal(SIGXFSZ, SIG_IGN);
+            const rlimit limit {200, 200};
+            ::setrlimit(RLIMIT_FSIZE, &limit);
+        };
+        const Run run = finish(*startDriver({"Return", "Return"}, {}, limitFileSize));
+        QCOMPARE(run.exitCode, 1); // as from every start that showed the selector
+        QVERIFY2(run.output.contains(SelectorTitle), qPrintable(run.output));
+        QVERIFY2(run.output.contains(FatalTitle), qPrintable(run.output));
+        QVERIFY2(run.output.contains("The display type you chose could not be saved."), qPrintable(run.output));
+        QVERIFY2(run.output.contains("File too large"), qPrintable(run.output));
     }
 
     void folderOrPipeInPlaceOfTheFileIsNamed_data()
