@@ -186,62 +186,57 @@ FileProblem ZelSettingsFile::WriteProblem(const QString& file)
 {
     const QFileInfo info(file);
     const QString folder = info.absolutePath();
-    FileProblem problem;
     if (info.isDir()) {
-        problem.text = translated(QT_TRANSLATE_NOOP("ZelSettingsFile",
-                                      "\"%1\" is a folder, not a settings file. Rename or move that folder so "
-                                      "that the settings can be saved there."))
-                           .arg(native(file));
-        problem.reason = systemReason(EISDIR);
-        return problem;
+        return {translated(QT_TRANSLATE_NOOP("ZelSettingsFile",
+                                             "\"%1\" is a folder, not a settings file. Rename or move that folder so "
+                                             "that the settings can be saved there."))
+                    .arg(native(file)),
+                systemReason(EISDIR)};
     }
     // A link whose file is missing (settings kept elsewhere, not there now) cannot be
     // written through, and replacing the link would lose where they are kept.
     if (info.isSymLink() && !info.exists()) {
-        problem.text = translated(QT_TRANSLATE_NOOP("ZelSettingsFile",
-                                      "\"%1\" is a link to \"%2\", which does not exist. Restore that file, or "
-                                      "remove the link, so that the settings can be saved."))
-                           .arg(native(file), native(info.symLinkTarget()));
-        problem.reason = systemReason(ENOENT);
-        return problem;
+        return {translated(QT_TRANSLATE_NOOP("ZelSettingsFile",
+                                             "\"%1\" is a link to \"%2\", which does not exist. Restore that file, "
+                                             "or remove the link, so that the settings can be saved."))
+                    .arg(native(file), native(info.symLinkTarget())),
+                systemReason(ENOENT)};
     }
     if (info.exists() && !info.isFile()) {
-        problem.text = translated(QT_TRANSLATE_NOOP("ZelSettingsFile",
-                                      "\"%1\" is not a regular file, and only a regular file can hold the "
-                                      "settings."))
-                           .arg(native(file));
-        problem.reason = ReadProblem(file);
-        return problem;
+        return {translated(QT_TRANSLATE_NOOP("ZelSettingsFile",
+                                             "\"%1\" is not a regular file, and only a regular file can hold the "
+                                             "settings."))
+                    .arg(native(file)),
+                ReadProblem(file)};
     }
     if (!QFileInfo(folder).isDir()) {
-        problem.text
-            = translated(QT_TRANSLATE_NOOP("ZelSettingsFile", "The folder \"%1\" does not exist.")).arg(native(folder));
-        problem.reason = systemReason(ENOENT);
-        return problem;
+        return {translated(QT_TRANSLATE_NOOP("ZelSettingsFile", "The folder \"%1\" does not exist.")).arg(native(folder)),
+                systemReason(ENOENT)};
     }
-    if (info.exists() && !mayWrite(file, problem.reason)) {
-        problem.text = translated(QT_TRANSLATE_NOOP("ZelSettingsFile",
-                                      "The settings file \"%1\" is read-only. Allow writing to it to save your "
-                                      "settings."))
-                           .arg(native(file));
-        return problem;
+    QString reason;
+    if (info.exists() && !mayWrite(file, reason)) {
+        return {translated(QT_TRANSLATE_NOOP("ZelSettingsFile",
+                                             "The settings file \"%1\" is read-only. Allow writing to it to save your "
+                                             "settings."))
+                    .arg(native(file)),
+                reason};
     }
     // The file is replaced as a whole, through a new file written beside it.
-    if (!mayWrite(folder, problem.reason)) {
-        problem.text = translated(QT_TRANSLATE_NOOP("ZelSettingsFile",
-                                      "The settings folder \"%1\" is read-only. Allow writing to it to save your "
-                                      "settings."))
-                           .arg(native(folder));
-        return problem;
+    if (!mayWrite(folder, reason)) {
+        return {translated(QT_TRANSLATE_NOOP("ZelSettingsFile",
+                                             "The settings folder \"%1\" is read-only. Allow writing to it to save "
+                                             "your settings."))
+                    .arg(native(folder)),
+                reason};
     }
     if (isFull(folder)) {
-        problem.text = translated(QT_TRANSLATE_NOOP("ZelSettingsFile",
-                                      "The disk that holds \"%1\" is full. Free some space on it to save your "
-                                      "settings."))
-                           .arg(native(folder));
-        problem.reason = systemReason(ENOSPC);
+        return {translated(QT_TRANSLATE_NOOP("ZelSettingsFile",
+                                             "The disk that holds \"%1\" is full. Free some space on it to save your "
+                                             "settings."))
+                    .arg(native(folder)),
+                systemReason(ENOSPC)};
     }
-    return problem;
+    return {};
 }
 
 QString ZelSettingsFile::ReadProblem(const QString& file)
