@@ -208,8 +208,9 @@ int launch(int argc, char** argv)
     // Not even opened when it cannot hold settings: reading a pipe would keep the start
     // waiting, and a device might never end.
     if (!ZelSettingsFile::ReadProblem(settingsFile).isEmpty()) {
+        // It stores no language: the system's own.
         QTranslator translator;
-        loadTranslation(settingsFile, translator);
+        installTranslation(QString(), translator);
         showFatalError(ZelSettingsFile::WriteProblem(settingsFile).text);
         QCoreApplication::removeTranslator(&translator);
         stopPlatform();
