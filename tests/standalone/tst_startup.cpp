@@ -1,0 +1,171 @@
+// The start as a user meets it apart from the file: the renderer selector, the
+// language, the window on the screen, and the one-editor rule.
+
+#include "LaunchFixture.h"
+
+#include <QRegularExpression>
+#include <QScopeGuard>
+#include <QTest>
+
+#include <utility>
+#include <vector>
+
+class tst_startup : public QObject, private LaunchFixture
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        QVERIFY(m_home.isValid());
+        QFile::setPermissions(settingsFolder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        QDir(settingsFolder()).removeRecursively();
+    }
+
+    void hostPrintsHelpAndVersionWithoutWindow()
+    {
+        for (const auto& [option, printed] : {std::pair("--help", "Usage: torvane-settings"),
+                                              std::pair("--version", "torvane-settings 1.1.0.85")}) {
+            QProcess host;
+            host.setWorkingDirectory(QDir::rootPath());
+            host.start(TORVANE_SETTINGS, {option});
+            QVERIFY(host.waitForFinished(10000));
+            QCOMPARE(host.exitCode(), 0);
+            const QString output = QString::fromUtf8(host.readAllStandardOutput());
+            QVERIFY2(output.contains(printed), qPrintable(output));
+        }
+        QVERIFY(!QFile::exists(settingsFile()));
+    }
+
+    void firstStartRecordsTheChoiceWithoutWindow()
+    {
+        const Run run = runDriver({"Return"});
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(run.output.contains(SelectorTitle), qPrintable(run.output));
+        QVERIFY(!run.output.contains(WindowTitle));
+        QCOMPARE(stored("engine"), "deferred");
+        QCOMPARE(stored("settingsVersion"), "2");
+        // The pages' keys too, so a new user has nothing to discard.
+        QVERIFY(iniValues(settingsFile()).contains("Simplification/Ratios"));
+
+        // The next start opens the window directly.
+        const Run next = runDriver({"click:closeButton"});
+        QCOMPARE(next.exitCode, 0);
+        QVERIFY(next.output.contains(WindowTitle));
+        QVERIFY(!next.output.contains(SelectorTitle));
+    }
+
+    // A 1280 x 900 screen at scale 1 and 2: the window fits its available area at start
+    // and when made as small as it gets, every button inside it.
+    void windowFitsTheScreen_data()
+    {
+        QTest::addColumn<QByteArray>("scale");
+        QTest::newRow("scale 1") << QByteArray("1");
+        QTest::newRow("scale 2") << QByteArray("2");
+    }
+
+    void windowFitsTheScreen()
+    {
+        QFETCH(QByteArray, scale);
+        writeSettings("settingsVersion=2\nengine=deferred\n");
+        const QString screens = m_home.path() + "/screens.json";
+        QVERIFY(writeBytes(screens, R"({"screens": [{"name": "s", "x": 0, "y": 0, "width": 1280, "height": 900,
+                                      "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})"));
+        const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+        const auto restore = qScopeGuard([&platform] {
+            qputenv("QT_QPA_PLATFORM", platform);
+            qunsetenv("QT_SCALE_FACTOR");
+        });
+        qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(screens));
+        qputenv("QT_SCALE_FACTOR", scale);
+        const Run run = runDriver({"wait:12", "fits", "shrink", "wait:3", "fits", "click:closeButton"});
+        const QStringList fits = run.output.split('\n').filter(QRegularExpression("^fits "));
+        QCOMPARE(fits, QStringList({"fits yes", "fits yes"}));
+    }
+
+    void firstStartFollowsTheSystemLanguage()
+    {
+        const QByteArray saved = qgetenv("LC_ALL");
+        const auto restore = qScopeGuard([&saved] { qputenv("LC_ALL", saved); });
+        qputenv("LC_ALL", "fr_FR.UTF-8");
+        const Run french = runDriver({"Return"});
+        QVERIFY2(french.output.contains(FrenchSelectorTitle), qPrintable(french.output));
+        QCOMPARE(stored("language"), "fr");
+
+        // A language we do not speak, from the system or stored, falls back to English.
+        QFile::remove(settingsFile());
+        qputenv("LC_ALL", "de_DE.UTF-8");
+        const Run german = runDriver({"Return"});
+        QVERIFY2(german.output.contains(SelectorTitle), qPrintable(german.output));
+        QCOMPARE(stored("language"), "en");
+        writeSettings("settingsVersion=2\nlanguage=xx\n");
+        const Run unknown = runDriver({"Escape"});
+        QVERIFY2(unknown.output.contains(SelectorTitle), qPrintable(unknown.output));
+        // The GL view's shader chatter never reaches standard output.
+        QVERIFY(unknown.output.contains("driver started"));
+        QVERIFY(!unknown.output.contains("QGLShader"));
+    }
+
+    void selectorChoosesByMouseOrArrowsAndCancelsByEscape()
+    {
+        const Run software = runDriver({"click:raytracerButton", "click:okButton"});
+        QCOMPARE(software.exitCode, 1);
+        QCOMPARE(stored("engine"), "software");
+
+        // Low sits on the left, High on the right; Up and Down go as Left and Right do.
+        QFile::remove(settingsFile());
+        const Run left = runDriver({"Left", "Return"});
+        QCOMPARE(left.exitCode, 1);
+        QCOMPARE(stored("engine"), "software");
+        QFile::remove(settingsFile());
+        const Run upThenRight = runDriver({"Up", "Right", "Return"});
+        QCOMPARE(upThenRight.exitCode, 1);
+        QCOMPARE(stored("engine"), "deferred");
+
+        QFile::remove(settingsFile());
+        const Run cancelled = runDriver({"Escape"});
+        QCOMPARE(cancelled.exitCode, 0);
+        QVERIFY(cancelled.output.contains(SelectorTitle));
+        QVERIFY(!QFile::exists(settingsFile()));
+    }
+
+    void tenStartsGiveOneEditor()
+    {
+        writeSettings("settingsVersion=2\nengine=deferred\n");
+        std::vector<std::unique_ptr<QProcess>> starts;
+        for (int i = 0; i < 10; ++i)
+            starts.push_back(startDriver({}, {QString("start%1").arg(i)}));
+        int forwarded = 0;
+        QProcess* primary = nullptr;
+        for (const auto& start : starts) {
+            // A second start waits at most 5 s for the editor to take its message.
+            if (start->waitForFinished(20000) && start->exitCode() == 0)
+                ++forwarded;
+            else
+                primary = start.get();
+        }
+        QCOMPARE(forwarded, 9);
+        QVERIFY(primary);
+        QString output;
+        QVERIFY(waitForLine(*primary, WindowTitle, output));
+        primary->kill();
+        primary->waitForFinished();
+    }
+
+    void killedEditorDoesNotBlockTheNext()
+    {
+        writeSettings("settingsVersion=2\nengine=deferred\n");
+        const auto first = startDriver({});
+        QString output;
+        QVERIFY(waitForLine(*first, WindowTitle, output));
+        first->kill();
+        QVERIFY(first->waitForFinished());
+
+        const Run next = runDriver({"click:closeButton"});
+        QCOMPARE(next.exitCode, 0);
+        QVERIFY2(next.output.contains(WindowTitle), qPrintable(next.output));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_startup)
+#include "tst_startup.moc"
