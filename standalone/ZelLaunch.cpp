@@ -24,6 +24,7 @@
 #include <QSettings>
 #include <QTranslator>
 
+#include <csignal>
 #include <cstdio>
 #include <memory>
 
@@ -179,6 +180,11 @@ int launch(int argc, char** argv)
     using namespace zel;
     ZelFontConfigWarmUp fontConfig;
     qInstallMessageHandler(writeToStandardOutput);
+#if defined(Q_OS_UNIX)
+    // Past a file size limit (ulimit -f) a write must fail and be reported, not end the
+    // editor with the user's edits and its lock left behind.
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
     // The viewer's plug-ins live in "bin"; Qt's own folder stays, or no platform loads.
     QCoreApplication::setLibraryPaths({QStringLiteral("bin"), QLibraryInfo::path(QLibraryInfo::PluginsPath)});
 

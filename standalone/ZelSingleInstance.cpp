@@ -103,6 +103,14 @@ std::unique_ptr<ZelInstanceChannel> openChannel(QString& error)
     return std::unique_ptr<ZelInstanceChannel>(create());
 }
 
+bool ownerIsKnown(const QLockFile& lock)
+{
+    qint64 pid = 0;
+    QString hostName;
+    QString application;
+    return lock.getLockInfo(&pid, &hostName, &application);
+}
+
 } // namespace
 
 ZelSingleInstance::ZelSingleInstance(const QString& executablePath, QObject* parent)
@@ -131,7 +139,14 @@ bool ZelSingleInstance::isRunning()
         // Only a dead owner makes the lock stale, however long the primary runs.
         m_lock->setStaleLockTime(0);
     }
-    if (!m_lock->tryLock(0)) {
+    if (!m_lock->tryLock(0) && m_lock->error() == QLockFile::LockFailedError && !ownerIsKnown(*m_lock)) {
+        // A start that died between making the lock and writing its owner into it (a
+        // file size limit, a full disk, a power cut) left a lock no owner can be read
+        // from. Qt removes it only when no living process holds it.
+        m_lock->removeStaleLockFile();
+        m_lock->tryLock(0);
+    }
+    if (!m_lock->isLocked()) {
         if (m_lock->error() == QLockFile::LockFailedError)
             return true;
         // No lock can be taken at all (temporary folder not writable): better two

@@ -10,6 +10,7 @@
 #include <QCoreApplication>
 #include <QTextStream>
 
+#include <csignal>
 #include <cstdio>
 
 using namespace zel;
@@ -56,6 +57,11 @@ int run(const ConfigRequest& request)
 
 int main(int argc, char* argv[])
 {
+#if defined(Q_OS_UNIX)
+    // Past a file size limit (ulimit -f) a write must fail with its reason, not end the
+    // tool half-way with the write lock left behind.
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("torvane-config"));
     QCoreApplication::setApplicationVersion(QStringLiteral(TORVANE_CONFIG_VERSION));

@@ -191,7 +191,6 @@ private Q_SLOTS:
     {
         // A file size limit leaves room for the write lock, not for a new account's file.
         const auto limitFileSize = [] {
-            ::signal(SIGXFSZ, SIG_IGN);
             const rlimit limit {200, 200};
             ::setrlimit(RLIMIT_FSIZE, &limit);
         };

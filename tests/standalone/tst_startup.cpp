@@ -160,10 +160,19 @@ private Q_SLOTS:
         QVERIFY(waitForLine(*first, WindowTitle, output));
         first->kill();
         QVERIFY(first->waitForFinished());
+        const QDir runtime(m_home.path() + "/runtime");
+        const QStringList locks = runtime.entryList({"*.lock"}, QDir::Files);
+        QCOMPARE(locks.size(), 1);
 
         const Run next = runDriver({"click:closeButton"});
         QCOMPARE(next.exitCode, 0);
         QVERIFY2(next.output.contains(WindowTitle), qPrintable(next.output));
+
+        // A start that died before it wrote its name into the lock.
+        QVERIFY(writeBytes(runtime.filePath(locks.first()), {}));
+        const Run afterEmptyLock = runDriver({"click:closeButton"});
+        QCOMPARE(afterEmptyLock.exitCode, 0);
+        QVERIFY2(afterEmptyLock.output.contains(WindowTitle), qPrintable(afterEmptyLock.output));
     }
 };
 

@@ -57,7 +57,6 @@ void TorvaneConfigFilesTest::fileProblems()
     // Only the size-limit row writes enough to meet the limit.
     const auto limitSize = [](QProcess& process) {
         process.setChildProcessModifier([] {
-            ::signal(SIGXFSZ, SIG_IGN);
             const rlimit limit {1024, 1024};
             ::setrlimit(RLIMIT_FSIZE, &limit);
         });
