@@ -269,26 +269,32 @@ QString ZelSettingsStart::noticeFile() const
     return m_file + QStringLiteral(".notice");
 }
 
+QStringList ZelSettingsStart::noticesOfEarlierStarts() const
+{
+    QFile file(noticeFile());
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromUtf8(file.readAll()).split(QStringLiteral("\n\f\n"), Qt::SkipEmptyParts);
+}
+
 void ZelSettingsStart::keepNoticesForNextStart() const
 {
     const QStringList pending = notices();
     if (pending.isEmpty() || isReadOnly())
         return;
+    // Starts that each ended at the selector: every one of them still has to be told.
+    const QStringList all = noticesOfEarlierStarts() + pending;
     QString error;
-    if (!writeBytes(noticeFile(), pending.join(QStringLiteral("\n\f\n")).toUtf8(), error))
+    if (!writeBytes(noticeFile(), all.join(QStringLiteral("\n\f\n")).toUtf8(), error))
         qWarning("The notice for the next start could not be kept: %s", qUtf8Printable(error));
 }
 
 QStringList ZelSettingsStart::takeNoticesOfEarlierStart() const
 {
-    QFile file(noticeFile());
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    const QString text = QString::fromUtf8(file.readAll());
-    file.close();
-    if (!isReadOnly())
-        file.remove();
-    return text.split(QStringLiteral("\n\f\n"), Qt::SkipEmptyParts);
+    const QStringList earlier = noticesOfEarlierStarts();
+    if (!earlier.isEmpty() && !isReadOnly())
+        QFile::remove(noticeFile());
+    return earlier;
 }
 
 } // namespace zel

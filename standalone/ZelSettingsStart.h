@@ -59,6 +59,7 @@ public:
 private:
     bool keepCopy(QString& error);
     QString noticeFile() const;
+    QStringList noticesOfEarlierStarts() const;
     QString copyText() const;
 
     QSettings& m_settings;

@@ -68,6 +68,20 @@ private Q_SLOTS:
         QCOMPARE(noticeOf(runDriver(OpenAndClose)), "none");
     }
 
+    void everyStartThatSetAFileAsideIsTold()
+    {
+        // Two files set aside by two starts that each ended at the selector.
+        for (const QByteArray& original : {QByteArray("[deferred]\nuseSSAO=false\n"), QByteArray("junk\n")}) {
+            writeSettings(original);
+            QCOMPARE(runDriver({"Return"}).exitCode, 1);
+        }
+        const QStringList kept = copies();
+        QCOMPARE(kept.size(), 2);
+        const Run told = runDriver(OpenAndClose);
+        for (const QString& copy : kept)
+            QVERIFY2(noticeOf(told).contains(copy), qPrintable(told.output));
+    }
+
     void repairsAtStartAreAnnouncedWithACopy()
     {
         QByteArray original = firstStartFile();
