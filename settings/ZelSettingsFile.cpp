@@ -97,6 +97,31 @@ ZelSettingsFile::Layout layoutOfVersion(const QVariant& stored)
     return ZelSettingsFile::Layout::Current;
 }
 
+// Why `folder` is not there to hold the settings: what stands in the way of making it.
+FileProblem missingFolderProblem(const QString& folder)
+{
+    QString nearest = folder;
+    while (!QFileInfo::exists(nearest) && QFileInfo(nearest).absolutePath() != nearest)
+        nearest = QFileInfo(nearest).absolutePath();
+    if (!QFileInfo(nearest).isDir()) {
+        return {translated(QT_TRANSLATE_NOOP("ZelSettingsFile",
+                                             "The settings folder \"%1\" cannot be made, because \"%2\" is a file. "
+                                             "Rename or move that file so that the settings can be saved."))
+                    .arg(native(folder), native(nearest)),
+                systemReason(ENOTDIR)};
+    }
+    QString reason;
+    if (!mayWrite(nearest, reason)) {
+        return {translated(QT_TRANSLATE_NOOP("ZelSettingsFile",
+                                             "The settings folder \"%1\" cannot be made, because \"%2\" is "
+                                             "read-only. Allow writing to it to save your settings."))
+                    .arg(native(folder), native(nearest)),
+                reason};
+    }
+    return {translated(QT_TRANSLATE_NOOP("ZelSettingsFile", "The folder \"%1\" does not exist.")).arg(native(folder)),
+            systemReason(ENOENT)};
+}
+
 } // namespace
 
 int ZelSettingsFile::CurrentVersion()
@@ -209,10 +234,8 @@ FileProblem ZelSettingsFile::WriteProblem(const QString& file)
                     .arg(native(file)),
                 ReadProblem(file)};
     }
-    if (!QFileInfo(folder).isDir()) {
-        return {translated(QT_TRANSLATE_NOOP("ZelSettingsFile", "The folder \"%1\" does not exist.")).arg(native(folder)),
-                systemReason(ENOENT)};
-    }
+    if (!QFileInfo(folder).isDir())
+        return missingFolderProblem(folder);
     QString reason;
     if (info.exists() && !mayWrite(file, reason)) {
         return {translated(QT_TRANSLATE_NOOP("ZelSettingsFile",

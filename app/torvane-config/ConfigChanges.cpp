@@ -52,7 +52,8 @@ bool makeFolder(const QString& folder, QString& reason)
         return false;
     if (::mkdir(QFile::encodeName(folder).constData(), 0777) == 0 || (errno == EEXIST && QFileInfo(folder).isDir()))
         return true;
-    reason = systemReason(errno);
+    // Something other than a folder in the way is what the user has to move.
+    reason = systemReason(errno == EEXIST ? ENOTDIR : errno);
     return false;
 }
 

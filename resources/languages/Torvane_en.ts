@@ -469,6 +469,14 @@ You may manually choose the parameters that will best fit your needs.</source>
         <source>&quot;%1&quot; is a link to &quot;%2&quot;, which does not exist. Restore that file, or remove the link, so that the settings can be saved.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>The settings folder &quot;%1&quot; cannot be made, because &quot;%2&quot; is a file. Rename or move that file so that the settings can be saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The settings folder &quot;%1&quot; cannot be made, because &quot;%2&quot; is read-only. Allow writing to it to save your settings.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ZelSettingsNotice</name>

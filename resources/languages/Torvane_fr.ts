@@ -472,6 +472,14 @@ Vous pouvez choisir vous-même les paramètres les mieux adaptés à vos besoins
         <source>&quot;%1&quot; is a link to &quot;%2&quot;, which does not exist. Restore that file, or remove the link, so that the settings can be saved.</source>
         <translation>« %1 » est un lien vers « %2 », qui n’existe pas. Rétablissez ce fichier, ou supprimez le lien, pour que les paramètres puissent être enregistrés.</translation>
     </message>
+    <message>
+        <source>The settings folder &quot;%1&quot; cannot be made, because &quot;%2&quot; is a file. Rename or move that file so that the settings can be saved.</source>
+        <translation>Le dossier des paramètres « %1 » ne peut pas être créé, car « %2 » est un fichier. Renommez ou déplacez ce fichier pour que les paramètres puissent être enregistrés.</translation>
+    </message>
+    <message>
+        <source>The settings folder &quot;%1&quot; cannot be made, because &quot;%2&quot; is read-only. Allow writing to it to save your settings.</source>
+        <translation>Le dossier des paramètres « %1 » ne peut pas être créé, car « %2 » est en lecture seule. Autorisez l’écriture dans ce dossier pour enregistrer vos paramètres.</translation>
+    </message>
 </context>
 <context>
     <name>ZelSettingsNotice</name>

@@ -216,26 +216,35 @@ private Q_SLOTS:
         QVERIFY2(run.output.contains("File too large"), qPrintable(run.output));
     }
 
-    void folderOrPipeInPlaceOfTheFileIsNamed_data()
+    void whatStandsInTheWayIsNamed_data()
     {
-        QTest::addColumn<bool>("pipe");
+        QTest::addColumn<QString>("inTheWay");
         QTest::addColumn<QString>("named");
-        QTest::newRow("folder") << false << "is a folder, not a settings file";
+        QTest::newRow("folder for the file") << "folder" << "is a folder, not a settings file";
         // Read, a pipe would keep the start waiting for a writer.
-        QTest::newRow("pipe") << true << "is not a regular file, and only a regular file can hold the settings";
+        QTest::newRow("pipe for the file")
+            << "pipe" << "is not a regular file, and only a regular file can hold the settings";
+        QTest::newRow("file for the folder")
+            << "file" << QString("The settings folder \"%1\" cannot be made, because \"%1\" is a file.");
     }
 
-    void folderOrPipeInPlaceOfTheFileIsNamed()
+    void whatStandsInTheWayIsNamed()
     {
-        QFETCH(bool, pipe);
+        QFETCH(QString, inTheWay);
         QFETCH(QString, named);
-        QVERIFY(QDir().mkpath(settingsFolder()));
-        QVERIFY(pipe ? ::mkfifo(QFile::encodeName(settingsFile()).constData(), 0644) == 0
-                     : QDir().mkpath(settingsFile()));
+        if (inTheWay == "file") {
+            QVERIFY(writeBytes(settingsFolder(), "notes\n"));
+        } else {
+            QVERIFY(QDir().mkpath(settingsFolder()));
+            QVERIFY(inTheWay == "pipe" ? ::mkfifo(QFile::encodeName(settingsFile()).constData(), 0644) == 0
+                                       : QDir().mkpath(settingsFile()));
+        }
         const Run run = runDriver({"Return"});
-        QVERIFY(pipe ? QFile::remove(settingsFile()) : QDir(settingsFile()).removeRecursively());
+        const QString inPlace = inTheWay == "file" ? settingsFolder() : settingsFile();
+        QVERIFY(QFileInfo(inPlace).isDir() ? QDir(inPlace).removeRecursively() : QFile::remove(inPlace));
         QCOMPARE(run.exitCode, 0);
         QVERIFY2(run.output.contains(FatalTitle), qPrintable(run.output));
+        named.replace("%1", settingsFolder());
         QVERIFY2(run.output.contains(named), qPrintable(run.output));
     }
 

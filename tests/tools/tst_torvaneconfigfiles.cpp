@@ -39,6 +39,8 @@ void TorvaneConfigFilesTest::fileProblems_data()
 
     QTest::newRow("folder missing") << "missing/deeper/Settings.ini" << QByteArray() << "No such file or directory";
     QTest::newRow("folder in its place") << "Settings.ini/" << QByteArray() << "Is a directory";
+    QTest::newRow("file in the folder's place")
+        << "Settings.ini/deeper/Settings.ini" << QByteArray("settingsVersion=2\n") << "Not a directory";
     // The new file is written beside the old one; a size limit stops it half-way.
     QByteArray bytes = "settingsVersion=2\n[Notes]\n";
     for (int line = 0; line < 40; ++line)
