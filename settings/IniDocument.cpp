@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstring>
 #include <map>
+#include <numeric>
 #include <utility>
 
 namespace zel {
@@ -131,7 +132,8 @@ void IniDocument::parseLine(qsizetype begin, qsizetype end)
         return;
     Section& section = m_sections.back();
     const qsizetype valueBegin = (text.constData() - m_bytes.constData()) + equals + 1;
-    m_entries.push_back({section.group.isEmpty() ? key : section.group + QLatin1Char('/') + key, line, valueBegin});
+    m_entries.push_back(
+        {section.group.isEmpty() ? key : section.group + QLatin1Char('/') + key, line, valueBegin, m_sections.size() - 1});
     section.lastLine = line;
 }
 
@@ -203,11 +205,33 @@ QByteArray IniDocument::lineEnd() const
 #endif
 }
 
+std::vector<std::size_t> IniDocument::readOrder() const
+{
+    std::vector<std::size_t> order(m_entries.size());
+    std::iota(order.begin(), order.end(), std::size_t(0));
+    // Qt's reader takes the sections of one name together, in the order of their names,
+    // the root ([General] and the keys before any section) first: a key written in two
+    // sections ("[A]" k and "[General]" A/k) takes its value from the later name.
+    // Usually every name comes once and in that order already.
+    std::vector<QString> names;
+    names.reserve(m_sections.size());
+    for (const Section& section : m_sections)
+        names.push_back(section.group.isEmpty() ? QString() : section.group + QLatin1Char('/'));
+    if (std::is_sorted(names.begin(), names.end()))
+        return order;
+    std::stable_sort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
+        return names[m_entries[left].section] < names[m_entries[right].section];
+    });
+    return order;
+}
+
 QSettings::SettingsMap IniDocument::values() const
 {
     QSettings::SettingsMap map;
-    for (const Entry& entry : m_entries)
+    for (const std::size_t index : readOrder()) {
+        const Entry& entry = m_entries[index];
         map.insert(entry.key, IniText::readValue(valueOf(entry)).value);
+    }
     return map;
 }
 
@@ -232,14 +256,14 @@ bool IniDocument::rewrite(const Entry& entry, const QVariant& value, QByteArray&
 
 bool IniDocument::write(const QSettings::SettingsMap& values, QByteArray& out, QString& error) const
 {
-    // The line each key is read from: the last one holding it.
+    // The line each key is read from, so that both readers see a changed value.
     QHash<QString, qsizetype> readFrom;
     readFrom.reserve(qsizetype(m_entries.size()));
+    for (const std::size_t index : readOrder())
+        readFrom.insert(m_entries[index].key, qsizetype(index));
     std::vector<qsizetype> entryOfLine(m_lines.size(), -1);
-    for (qsizetype index = 0; index < qsizetype(m_entries.size()); ++index) {
-        readFrom.insert(m_entries[std::size_t(index)].key, index);
+    for (qsizetype index = 0; index < qsizetype(m_entries.size()); ++index)
         entryOfLine[std::size_t(m_entries[std::size_t(index)].line)] = index;
-    }
     // The last section of each group that can take a key.
     QHash<QString, qsizetype> sectionOf;
     for (qsizetype index = 0; index < qsizetype(m_sections.size()); ++index) {

@@ -16,7 +16,7 @@ class IniDocument
 public:
     explicit IniDocument(QByteArray bytes);
 
-    // Every key with its value; of a key written twice, the later line counts.
+    // Every key with its value; of a key written twice, the line Qt's reader takes.
     QSettings::SettingsMap values() const;
 
     // The file holding exactly `values`: changed keys rewritten in place, new keys at
@@ -38,6 +38,7 @@ private:
         QString key; // with its section's group
         qsizetype line = 0;
         qsizetype valueBegin = 0; // after the "="
+        std::size_t section = 0;
     };
     struct Section
     {
@@ -53,6 +54,8 @@ private:
     void dropEmptiedSections(const std::vector<qsizetype>& entryOfLine, const std::map<qsizetype, QByteArray>& insertAfter,
                              std::vector<char>& kept) const;
     QByteArrayView valueOf(const Entry& entry) const;
+    // The entries in the order Qt's reader takes them, the last of a key counting.
+    std::vector<std::size_t> readOrder() const;
     QByteArray lineEnd() const;
     // Appends the line of `entry` with its value replaced, keeping the key as typed and
     // a comment after the value.

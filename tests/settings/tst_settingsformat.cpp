@@ -42,6 +42,8 @@ private Q_SLOTS:
     void handEditedFileKeepsEveryByte();
     void rootSectionInAnyCase_data();
     void rootSectionInAnyCase();
+    void keyWrittenTwiceReadsAsInQt_data();
+    void keyWrittenTwiceReadsAsInQt();
     void editsChangeOnlyTheirLines_data();
     void editsChangeOnlyTheirLines();
     void sharedWithQtsOwnFormat_data();
@@ -131,6 +133,40 @@ void SettingsFormatTest::rootSectionInAnyCase()
     // Both programs sharing the file see the same keys.
     QCOMPARE(QSettings(fileWith(contents), QSettings::IniFormat).allKeys(), keys);
     QCOMPARE(QSettings(fileWith(contents), CC::SettingsFormat()).allKeys(), keys);
+}
+
+void SettingsFormatTest::keyWrittenTwiceReadsAsInQt_data()
+{
+    QTest::addColumn<QByteArray>("contents");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("read"); // as Qt's reader reads it
+    QTest::newRow("group, then in General") << QByteArray("[DBCache]\ncacheSize=200\n[GeNeral]\nDBCache/cacheSize=100\n")
+                                             << "DBCache/cacheSize" << "200";
+    QTest::newRow("in General, then group") << QByteArray("[General]\nDBCache\\cacheSize=100\n[DBCache]\ncacheSize=200\n")
+                                             << "DBCache/cacheSize" << "200";
+    QTest::newRow("before any section") << QByteArray("DBCache/cacheSize=100\n[DBCache]\ncacheSize=200\n")
+                                        << "DBCache/cacheSize" << "200";
+    QTest::newRow("subgroup, then group") << QByteArray("[B/x]\nk=2\n[B]\nx/k=1\n") << "B/x/k" << "2";
+    QTest::newRow("section written twice") << QByteArray("[A]\nk=1\n[B]\nb=1\n[A]\nk=2\n") << "A/k" << "2";
+    QTest::newRow("root, then General") << QByteArray("k=1\n[x]\na=1\n[General]\nk=2\n") << "k" << "2";
+}
+
+void SettingsFormatTest::keyWrittenTwiceReadsAsInQt()
+{
+    QFETCH(QByteArray, contents);
+    QFETCH(QString, key);
+    QFETCH(QString, read);
+    // Each reader on a file of its own: Qt shares what it read of a path between formats.
+    const auto qtReads = [this, &key](const QByteArray& bytes) {
+        return QSettings(fileWith(bytes), QSettings::IniFormat).value(key).toString();
+    };
+    const QString path = fileWith(contents);
+    QCOMPARE(qtReads(contents), read);
+    QCOMPARE(QSettings(path, CC::SettingsFormat()).value(key).toString(), read);
+    // A change reaches the line both readers take.
+    QSettings(path, CC::SettingsFormat()).setValue(key, "300");
+    QCOMPARE(qtReads(fileBytes(path)), "300");
+    QCOMPARE(QSettings(path, CC::SettingsFormat()).value(key).toString(), "300");
 }
 
 void SettingsFormatTest::editsChangeOnlyTheirLines_data()
