@@ -92,6 +92,9 @@ IniDocument::IniDocument(QByteArray bytes)
     m_sections.push_back(Section());
     const char* const data = m_bytes.constData();
     const qsizetype size = m_bytes.size();
+    // New lines end as the file's settings do: a stray carriage return in damaged or
+    // pasted text before them is no guide.
+    QByteArray firstLineEnd;
     qsizetype at = m_bodyBegin;
     while (at < size) {
         qsizetype end = at;
@@ -100,20 +103,26 @@ IniDocument::IniDocument(QByteArray bytes)
         qsizetype next = end;
         if (next < size)
             next += (data[next] == '\r' && next + 1 < size && data[next + 1] == '\n') ? 2 : 1;
-        if (m_lineEnd.isEmpty() && next > end)
-            m_lineEnd = m_bytes.mid(end, next - end);
         m_lines.push_back({at, end, next});
-        parseLine(at, end);
+        const bool holdsSettings = parseLine(at, end);
+        if (next > end && m_lineEnd.isEmpty()) {
+            if (holdsSettings)
+                m_lineEnd = m_bytes.mid(end, next - end);
+            else if (firstLineEnd.isEmpty())
+                firstLineEnd = m_bytes.mid(end, next - end);
+        }
         at = next;
     }
+    if (m_lineEnd.isEmpty())
+        m_lineEnd = firstLineEnd;
 }
 
-void IniDocument::parseLine(qsizetype begin, qsizetype end)
+bool IniDocument::parseLine(qsizetype begin, qsizetype end)
 {
     const qsizetype line = qsizetype(m_lines.size()) - 1;
     QByteArrayView text = trimmed(QByteArrayView(m_bytes).sliced(begin, end - begin));
     if (text.isEmpty() || text.front() == ';')
-        return;
+        return false;
     // As in Qt's reader, a ";" outside quotes ends the line in a key or a section name
     // too, and a "#" starts no comment.
     const qsizetype comment = commentStart(text);
@@ -122,19 +131,20 @@ void IniDocument::parseLine(qsizetype begin, qsizetype end)
         const qsizetype close = text.indexOf(']');
         const QByteArrayView name = text.sliced(1, (close < 0 ? text.size() : close) - 1);
         m_sections.push_back({groupOf(name), line, line});
-        return;
+        return true;
     }
     const qsizetype equals = text.indexOf('=');
     if (equals < 0 || comment < equals)
-        return;
+        return false;
     const QString key = IniText::readKey(trimmed(text.first(equals), isSpace));
     if (key.isEmpty())
-        return;
+        return false;
     Section& section = m_sections.back();
     const qsizetype valueBegin = (text.constData() - m_bytes.constData()) + equals + 1;
     m_entries.push_back(
         {section.group.isEmpty() ? key : section.group + QLatin1Char('/') + key, line, valueBegin, m_sections.size() - 1});
     section.lastLine = line;
+    return true;
 }
 
 bool IniDocument::isBlankLine(qsizetype index) const

@@ -47,7 +47,8 @@ private:
         qsizetype header = -1; // -1 for the keys before any section
     };
 
-    void parseLine(qsizetype begin, qsizetype end);
+    // True when the line holds a key or a section header.
+    bool parseLine(qsizetype begin, qsizetype end);
     bool isBlankLine(qsizetype index) const;
     // Clears in `kept` what is left of each section that loses its last key and holds
     // nothing else but blank lines, with its header.
@@ -63,7 +64,7 @@ private:
 
     QByteArray m_bytes;
     qsizetype m_bodyBegin = 0; // after a byte-order mark
-    QByteArray m_lineEnd; // the first one in the file
+    QByteArray m_lineEnd; // of the first line of settings, else the first one in the file
     std::vector<Line> m_lines;
     std::vector<Entry> m_entries;
     std::vector<Section> m_sections;

@@ -210,6 +210,8 @@ void SettingsFormatTest::editsChangeOnlyTheirLines_data()
     row("last line, line ends of Windows", "a=1\r\nb=2", {"b=3"}, "a=1\r\nb=3\r\n");
     row("unchanged comment last", "b=2\n; end", {"b=3"}, "b=3\n; end\n");
     row("comment with a comma", "b=2 ; 1, 2", {"b=3"}, "b=3 ; 1, 2\n");
+    // New lines end as the settings' lines do, whatever stray line end comes before.
+    row("stray carriage return", "\x01\r\x02\nsettingsVersion=2\n", {"a=1"}, "\x01\r\x02\nsettingsVersion=2\na=1\n");
 }
 
 void SettingsFormatTest::editsChangeOnlyTheirLines()
