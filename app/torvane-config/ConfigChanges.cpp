@@ -171,14 +171,15 @@ int ConfigChanges::reset(const QStringList& keys)
               << Qt::endl;
         return ExitRefused;
     }
-    // Only stored keys are removed: a file with none of them is left untouched.
+    // Only stored keys are removed: a file with none of them is left untouched. One the
+    // editor will set aside is refused all the same, so that the user learns of it.
     QStringList stored;
     for (const QString& key : keys.isEmpty() ? registered : keys) {
         if (key != SettingsKeys::SettingsVersion && settings.contains(key))
             stored.append(key);
     }
     if (stored.isEmpty())
-        return ExitDone;
+        return refuseFileToBeSetAside(settings) ? ExitRefused : ExitDone;
     const int ready = beginChange(settings, bytes);
     if (ready != ExitDone)
         return ready;
@@ -293,15 +294,21 @@ int ConfigChanges::check(bool fix)
     return result;
 }
 
+bool ConfigChanges::refuseFileToBeSetAside(const QSettings& settings)
+{
+    if (ZelSettingsFile::InspectLayout(settings) != ZelSettingsFile::Layout::Discard)
+        return false;
+    m_err << QStringLiteral("torvane-config: %1; run %2 to do it now, keeping a copy")
+                 .arg(setAsideReason(m_file, settings), quoted(command(QStringLiteral("check --fix"))))
+          << Qt::endl;
+    return true;
+}
+
 int ConfigChanges::beginChange(QSettings& settings, const std::optional<QByteArray>& bytes)
 {
-    const ZelSettingsFile::Layout layout = ZelSettingsFile::InspectLayout(settings);
-    if (layout == ZelSettingsFile::Layout::Discard) {
-        m_err << QStringLiteral("torvane-config: %1; run %2 to do it now, keeping a copy")
-                     .arg(setAsideReason(m_file, settings), quoted(command(QStringLiteral("check --fix"))))
-              << Qt::endl;
+    if (refuseFileToBeSetAside(settings))
         return ExitRefused;
-    }
+    const ZelSettingsFile::Layout layout = ZelSettingsFile::InspectLayout(settings);
     if (!writable())
         return ExitFileError;
     if (layout == ZelSettingsFile::Layout::Missing) {

@@ -26,6 +26,8 @@ private:
     // Before a change to `settings`: refuses a file the editor would set aside, says why
     // the file cannot be written, stamps a new file with the layout version and upgrades
     // a version-1 one, a copy kept first. ExitDone when the change may go ahead.
+    // True, having said why, when the editor's next start sets the file aside.
+    bool refuseFileToBeSetAside(const QSettings& settings);
     int beginChange(QSettings& settings, const std::optional<QByteArray>& bytes);
     // False, with the message given, when the file cannot be written.
     bool writable();

@@ -155,6 +155,7 @@ void TorvaneConfigChangesTest::unversionedFileIsRefused_data()
     QTest::newRow("reset, version not a number")
         << QByteArray("settingsVersion=two\nengine=software\n") << QStringList {"reset", "engine"}
         << " has an unknown settings version 'two': the settings editor sets it aside at its next start; ";
+    QTest::newRow("reset, nothing to reset") << QByteArray("junk\n") << QStringList {"reset", "--all"} << noVersion;
 }
 
 void TorvaneConfigChangesTest::unversionedFileIsRefused()
