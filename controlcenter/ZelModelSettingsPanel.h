@@ -250,12 +250,12 @@ private:
         page().getDefaultSettings(defaults);
         page().getCurrentModel(current);
         page().applyModel(defaults);
+        // A choice shared by two fields (high or low, and whether either is set at all)
+        // shows its default through the field whose buttons hold it.
         QString text;
         for (const std::vector<QWidget*>& fieldEditors : page().fieldEditors()) {
-            if (std::find(fieldEditors.cbegin(), fieldEditors.cend(), editor) != fieldEditors.cend()) {
+            if (text.isEmpty() && std::find(fieldEditors.cbegin(), fieldEditors.cend(), editor) != fieldEditors.cend())
                 text = ZelFieldMarks::shownValue(editor, fieldEditors);
-                break;
-            }
         }
         page().applyModel(current);
         return text;

@@ -17,6 +17,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScrollArea>
 #include <QTest>
 #include <QTimer>
@@ -128,6 +129,27 @@ private Q_SLOTS:
         click(child<QPushButton>("resetButton"));
         QVERIFY(!differs(ssao));
         QVERIFY(!differs(display()->getActionWidget()));
+    }
+
+    void everyMarkerTellsItsDefault()
+    {
+        open("settingsVersion=2\nengine=deferred\n[DBCache]\ncacheSize=2048\n[Tesselation]\n"
+             "TesselationQualitySet=true\nTesselationIsHighQuality=true\nTesselationMaxFaceAngleSet=true\n");
+        QStringList defaults;
+        for (QWidget* marker : m_window->findChildren<QWidget*>("fieldMarker")) {
+            if (!marker->isVisibleTo(m_window.get()))
+                continue;
+            // Hovering is driven through the window above; here every marker is asked.
+            const QPoint middle = marker->rect().center();
+            QHelpEvent hover(QEvent::ToolTip, middle, marker->mapToGlobal(middle));
+            QApplication::sendEvent(marker, &hover);
+            defaults.append(QToolTip::text());
+            QToolTip::hideText();
+        }
+        // The cache size, the quality choice and the angle limit, each with its default.
+        QVERIFY2(defaults.size() >= 3, qPrintable(defaults.join('|')));
+        for (const QString& text : defaults)
+            QVERIFY2(QRegularExpression("^Default: \\S").match(text).hasMatch(), qPrintable(defaults.join('|')));
     }
 
     void searchFindsByLabelAndKey_data()
