@@ -192,6 +192,18 @@ You may also change the location for your screenshots album.</source>
         <source> Mo</source>
         <translation> MB</translation>
     </message>
+    <message>
+        <source>Reset this page</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Screenshot folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cache folder</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ZelImportSettingsPanel</name>
@@ -238,6 +250,10 @@ You may manually choose the parameters that will best fit your needs.</source>
     </message>
     <message>
         <source> °</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reset this page</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -416,6 +432,10 @@ You may manually choose the parameters that will best fit your needs.</source>
     </message>
     <message>
         <source>HD resolution height</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reset this page</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -602,6 +622,10 @@ compression</source>
     </message>
     <message>
         <source>Best compression</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reset this page</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -194,6 +194,18 @@ Vous pouvez aussi changer l’emplacement de vos captures d’écran.</translati
         <source> Mo</source>
         <translation> Mo</translation>
     </message>
+    <message>
+        <source>Reset this page</source>
+        <translation>Rétablir cette page</translation>
+    </message>
+    <message>
+        <source>Screenshot folder</source>
+        <translation>Dossier des captures</translation>
+    </message>
+    <message>
+        <source>Cache folder</source>
+        <translation>Dossier du cache</translation>
+    </message>
 </context>
 <context>
     <name>ZelImportSettingsPanel</name>
@@ -242,6 +254,10 @@ Vous pouvez choisir vous-même les paramètres les mieux adaptés à vos besoins
     <message>
         <source> °</source>
         <translation> °</translation>
+    </message>
+    <message>
+        <source>Reset this page</source>
+        <translation>Rétablir cette page</translation>
     </message>
 </context>
 <context>
@@ -420,6 +436,10 @@ Vous pouvez choisir vous-même les paramètres les mieux adaptés à vos besoins
     <message>
         <source>HD resolution height</source>
         <translation>Hauteur de la résolution HD</translation>
+    </message>
+    <message>
+        <source>Reset this page</source>
+        <translation>Rétablir cette page</translation>
     </message>
 </context>
 <context>
@@ -609,6 +629,10 @@ compression</translation>
     <message>
         <source>Best compression</source>
         <translation>Compression maximale</translation>
+    </message>
+    <message>
+        <source>Reset this page</source>
+        <translation>Rétablir cette page</translation>
     </message>
 </context>
 <context>
