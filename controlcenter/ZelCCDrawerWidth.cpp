@@ -42,6 +42,11 @@ void ZelCCDrawerWidth::setRange(int minimum, int maximum)
 {
     m_minimum = minimum;
     m_maximum = maximum;
+    // An open drawer gives way at once to a lower least width.
+    if (m_maximum > 0 && m_drawer && m_slide->isDrawerHeadedOpen() && m_slide->slidingDrawerWidth() == 0
+        && m_drawer->minimumWidth() > m_minimum) {
+        m_drawer->setMinimumWidth(m_minimum);
+    }
 }
 
 int ZelCCDrawerWidth::openWidth() const

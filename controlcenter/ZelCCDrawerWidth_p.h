@@ -26,7 +26,8 @@ public:
 
     // A step of the slide: the drawer shows from 1 pixel on.
     void setWidth(int width);
-    // Set by a host that lays the open drawer out itself; none while `maximum` is 0.
+    // Set by a host that lays the open drawer out itself; none while `maximum` is 0. A
+    // lower minimum takes effect at once on an open drawer.
     void setRange(int minimum, int maximum);
     // Where the drawer opens to: its usual width or its pages' where they are wider, or
     // less where its host has less room beside the menu column.

@@ -38,6 +38,8 @@ namespace {
 // The narrowest the settings column gets (the control center widens it to its widest
 // page); and the logo's room.
 constexpr int DrawerMinimumWidth = 320;
+// Where a large scale factor leaves too little of the screen beside the menu column.
+constexpr int DrawerLeastWidth = 120;
 constexpr int LogoWidth = 100;
 constexpr int PageInterval = 16; // ms
 
@@ -106,6 +108,24 @@ void ZelControlCenterStandAloneWidget::fitToScreen()
     setGeometry(frame);
 }
 
+void ZelControlCenterStandAloneWidget::keepLeastSizeOnScreen()
+{
+    // At a large scale factor the menu column and the drawer's usual least width may not
+    // fit the screen side by side: the drawer then gives way, its pages scrolling sideways.
+    const QScreen* screen = this->screen();
+    if (!screen || !m_controlCenter)
+        return;
+    const QRect available = screen->availableGeometry();
+    const int excess = frameGeometry().width() - width() + minimumWidth() - available.width();
+    if (excess <= 0 || m_drawerLeastWidth <= DrawerLeastWidth)
+        return;
+    m_drawerLeastWidth = std::max(m_drawerLeastWidth - excess, DrawerLeastWidth);
+    m_drawerLeastWidth = DrawerMinimumWidth;
+    m_controlCenter->setSettingsWidthRange(m_drawerLeastWidth, QWIDGETSIZE_MAX);
+    QCoreApplication::sendPostedEvents(this, QEvent::LayoutRequest);
+    fitToScreen();
+}
+
 bool ZelControlCenterStandAloneWidget::event(QEvent* event)
 {
     // Posted from the first paint, the build runs once that frame is on the screen.
@@ -113,7 +133,11 @@ bool ZelControlCenterStandAloneWidget::event(QEvent* event)
         m_buildScheduled = true;
         QTimer::singleShot(0, this, &ZelControlCenterStandAloneWidget::buildControlCenter);
     }
-    return QWidget::event(event);
+    const bool handled = QWidget::event(event);
+    // The window's least size is known once its layout has run.
+    if (event->type() == QEvent::LayoutRequest)
+        keepLeastSizeOnScreen();
+    return handled;
 }
 
 void ZelControlCenterStandAloneWidget::buildControlCenter()
@@ -126,7 +150,7 @@ void ZelControlCenterStandAloneWidget::buildControlCenter()
     m_ui->contentLayout->insertWidget(1, m_controlCenter->settingsWidget());
     // The settings column takes what the window gains; the logo beside it keeps its place
     // and is the first to go when the window is small.
-    m_controlCenter->setSettingsWidthRange(DrawerMinimumWidth, QWIDGETSIZE_MAX);
+    m_controlCenter->setSettingsWidthRange(m_drawerLeastWidth, QWIDGETSIZE_MAX);
     m_ui->contentLayout->setStretch(1, 4);
     m_ui->contentLayout->setStretch(2, 1);
     m_ui->scrollArea->setMaximumWidth(LogoWidth);

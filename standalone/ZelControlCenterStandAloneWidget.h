@@ -80,6 +80,7 @@ private:
     void buildNextPage();
     // Shrinks and moves the window into the screen's available area, whatever its scale.
     void fitToScreen();
+    void keepLeastSizeOnScreen();
     void buildControlCenter();
     void writeAppliedSettings();
     void takeOutsideChanges(const QStringList& keys);
@@ -92,6 +93,8 @@ private:
     Q_DISABLE_COPY_MOVE(ZelControlCenterStandAloneWidget)
     kqDMIApplication* m_application = nullptr;
     bool m_buildScheduled = false;
+    // The drawer's least width once built, lowered where the screen is too narrow for it.
+    int m_drawerLeastWidth = 0;
     bool m_menuRequested = false;
     bool m_readOnly = false;
     // The last Apply could not be written.

@@ -90,7 +90,13 @@ void answerNext()
     if (answer == "fits") {
         QStringList problems;
         if (!target->screen()->availableGeometry().contains(target->frameGeometry()))
-            problems << "window outside the screen";
+            problems << QStringLiteral("window outside the screen (%1,%2 %3x%4 on %5x%6)")
+                            .arg(target->frameGeometry().x())
+                            .arg(target->frameGeometry().y())
+                            .arg(target->frameGeometry().width())
+                            .arg(target->frameGeometry().height())
+                            .arg(target->screen()->availableGeometry().width())
+                            .arg(target->screen()->availableGeometry().height());
         // Buttons in a scroll area may lie out of sight; the others must be whole.
         for (const QAbstractButton* button : target->findChildren<QAbstractButton*>()) {
             const QRect inWindow(button->mapTo(target, QPoint()), button->size());

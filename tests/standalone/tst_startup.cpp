@@ -55,22 +55,29 @@ private Q_SLOTS:
         QVERIFY(!next.output.contains(SelectorTitle));
     }
 
-    // A 1280 x 900 screen at scale 1 and 2: the window fits its available area at start
-    // and when made as small as it gets, every button inside it.
+    // A screen at scale 1 and 2: the window fits its available area at start and when
+    // made as small as it gets, every button inside it.
     void windowFitsTheScreen_data()
     {
         QTest::addColumn<QByteArray>("scale");
-        QTest::newRow("scale 1") << QByteArray("1");
-        QTest::newRow("scale 2") << QByteArray("2");
+        QTest::addColumn<QSize>("screen");
+        QTest::newRow("1280 x 900, scale 1") << QByteArray("1") << QSize(1280, 900);
+        QTest::newRow("1280 x 900, scale 2") << QByteArray("2") << QSize(1280, 900);
+        // Too narrow for the menu column and the drawer's usual least width side by side.
+        QTest::newRow("1100 x 1400, scale 2") << QByteArray("2") << QSize(1100, 1400);
     }
 
     void windowFitsTheScreen()
     {
         QFETCH(QByteArray, scale);
+        QFETCH(QSize, screen);
         writeSettings("settingsVersion=2\nengine=deferred\n");
         const QString screens = m_home.path() + "/screens.json";
-        QVERIFY(writeBytes(screens, R"({"screens": [{"name": "s", "x": 0, "y": 0, "width": 1280, "height": 900,
-                                      "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})"));
+        QVERIFY(writeBytes(screens, QStringLiteral(R"({"screens": [{"name": "s", "x": 0, "y": 0, "width": %1,
+                                      "height": %2, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})")
+                                        .arg(screen.width())
+                                        .arg(screen.height())
+                                        .toUtf8()));
         const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
         const auto restore = qScopeGuard([&platform] {
             qputenv("QT_QPA_PLATFORM", platform);
