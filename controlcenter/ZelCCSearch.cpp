@@ -11,7 +11,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPalette>
+#include <QPushButton>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -41,12 +43,38 @@ QString readable(const QWidget* widget)
     return text + QLatin1Char('\n') + widget->toolTip();
 }
 
+// Case and accents aside, as people type: "memoire" finds "Mémoire".
+QString folded(const QString& text)
+{
+    const QString decomposed = text.normalized(QString::NormalizationForm_D);
+    QString result;
+    result.reserve(decomposed.size());
+    for (const QChar character : decomposed) {
+        if (character.category() != QChar::Mark_NonSpacing)
+            result.append(character.toCaseFolded());
+    }
+    return result;
+}
+
+// `text` is folded already.
 bool matches(const SettingField& field, const QString& text)
 {
-    if (field.key.contains(text, Qt::CaseInsensitive) || readable(field.editor).contains(text, Qt::CaseInsensitive))
+    if (folded(field.key).contains(text) || folded(readable(field.editor)).contains(text))
         return true;
     const QWidget* label = ZelFieldMarks::labelOf(field.editor);
-    return label && readable(label).contains(text, Qt::CaseInsensitive);
+    return label && folded(readable(label)).contains(text);
+}
+
+// What a field is called on its page: its label, or its own text.
+QString fieldName(const QWidget* editor)
+{
+    const QWidget* label = ZelFieldMarks::labelOf(editor);
+    QString name;
+    if (const auto* labelText = qobject_cast<const QLabel*>(label))
+        name = labelText->text();
+    else if (const auto* button = qobject_cast<const QAbstractButton*>(editor))
+        name = button->text();
+    return name.remove(QLatin1Char('&')).remove(QRegularExpression(QStringLiteral("\\s*:$"))).trimmed();
 }
 
 void setHighlighted(QWidget* widget, bool highlighted)
@@ -85,6 +113,7 @@ ZelCCSearch::ZelCCSearch(QWidget* drawer, QScrollArea* scrollArea, const std::ve
     m_field->setAccessibleName(searchText(QT_TRANSLATE_NOOP("ZelControlCenter", "Find a setting")));
     m_field->installEventFilter(this);
     m_noMatch->setObjectName(QStringLiteral("noSettingMatches"));
+    m_noMatch->setWordWrap(true);
     m_noMatch->hide();
 
     // Aligned with the pages below, clear of the scroll bar.
@@ -166,18 +195,30 @@ QWidget* ZelCCSearch::firstMatchingField() const
 
 void ZelCCSearch::search(const QString& typed)
 {
-    const QString text = typed.trimmed();
+    const QString text = folded(typed.trimmed());
     for (QWidget* widget : m_matches)
         setHighlighted(widget, false);
     m_matches.clear();
 
     int firstMatch = -1;
+    // A field its page hides for now (one of the other renderer) is named when nothing
+    // in sight matches: "No setting matches" would deny that it exists.
+    QString hiddenMatch;
     for (ZelSettingsPanel* page : m_pages) {
         bool pageMatches = false;
         if (!text.isEmpty()) {
             for (const SettingField& field : page->settingFields()) {
-                if (!field.editor->isVisibleTo(page) || !matches(field, text))
+                if (!matches(field, text))
                     continue;
+                if (!field.editor->isVisibleTo(page)) {
+                    if (hiddenMatch.isEmpty() && !fieldName(field.editor).isEmpty()) {
+                        hiddenMatch = searchText(QT_TRANSLATE_NOOP("ZelControlCenter",
+                                                                   "No setting in sight matches. The %2 page shows "
+                                                                   "\"%1\" only after another choice on that page."))
+                                          .arg(fieldName(field.editor), page->getActionWidget()->text().trimmed());
+                    }
+                    continue;
+                }
                 pageMatches = true;
                 for (QWidget* widget : {field.editor, ZelFieldMarks::labelOf(field.editor)}) {
                     if (widget && std::find(m_matches.cbegin(), m_matches.cend(), widget) == m_matches.cend()) {
@@ -189,6 +230,8 @@ void ZelCCSearch::search(const QString& typed)
         }
         page->setVisible(text.isEmpty() || pageMatches);
     }
+    m_noMatch->setText(hiddenMatch.isEmpty() ? searchText(QT_TRANSLATE_NOOP("ZelControlCenter", "No setting matches"))
+                                             : hiddenMatch);
     m_noMatch->setVisible(!text.isEmpty() && m_matches.empty());
     if (m_matches.empty())
         return;

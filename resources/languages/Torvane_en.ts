@@ -126,6 +126,10 @@ Continue and close the application ?</source>
         <source>Find a setting</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>No setting in sight matches. The %2 page shows &quot;%1&quot; only after another choice on that page.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ZelControlCenterStandAloneWidget</name>

@@ -127,6 +127,10 @@ Continuer et fermer l’application ?</translation>
         <source>Find a setting</source>
         <translation>Chercher un réglage</translation>
     </message>
+    <message>
+        <source>No setting in sight matches. The %2 page shows &quot;%1&quot; only after another choice on that page.</source>
+        <translation>Aucun réglage affiché ne correspond. La page %2 n’affiche « %1 » qu’après un autre choix sur cette page.</translation>
+    </message>
 </context>
 <context>
     <name>ZelControlCenterStandAloneWidget</name>

@@ -14,6 +14,7 @@
 
 #include <QAbstractSpinBox>
 #include <QCheckBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
@@ -161,6 +162,7 @@ private Q_SLOTS:
         QTest::newRow("English label") << false << "cache size" << "databaseSpinBox" << int(Qt::Key_Return);
         QTest::newRow("French label") << true << "taille du cache" << "databaseSpinBox" << int(Qt::Key_Enter);
         QTest::newRow("key") << false << "useSSAO" << "deferredSSAOCheckBox" << int(Qt::Key_Down);
+        QTest::newRow("French label, no accents") << true << "memoire gpu" << "maxGPUSPinBox" << int(Qt::Key_Return);
     }
 
     void searchFindsByLabelAndKey()
@@ -212,7 +214,18 @@ private Q_SLOTS:
         QTest::keyClick(m_window->windowHandle(), Qt::Key_F, Qt::ControlModifier);
         type("xyzzy");
         QVERIFY(child("noSettingMatches")->isVisible());
+        QCOMPARE(child<QLabel>("noSettingMatches")->text(), "No setting matches");
         QVERIFY(!general()->isVisible() && !display()->isVisible());
+
+        // A setting its page hides for now is named with where it shows.
+        child<QLineEdit>("settingsSearch")->clear();
+        type("processing power");
+        QVERIFY(child("noSettingMatches")->isVisible());
+        QCOMPARE(child<QLabel>("noSettingMatches")->text(),
+                 "No setting in sight matches. The Display page shows \"Processing power\" only after another "
+                 "choice on that page.");
+        child<QLineEdit>("settingsSearch")->clear();
+        type("xyzzy");
 
         // The field's clear button, there once something is typed, ends the search too.
         auto* clear = child<QLineEdit>("settingsSearch")->findChild<QToolButton*>();
