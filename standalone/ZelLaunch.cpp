@@ -89,6 +89,19 @@ QString installTranslation(QString code, QTranslator& translator)
     return code;
 }
 
+// Qt's own texts (a message box's buttons, a text field's menu) in the editor's language,
+// where the system has them: the application object keeps the translator.
+void installQtTranslation(const QString& code)
+{
+    if (code == QLatin1String("en"))
+        return;
+    auto* translator = new QTranslator(QCoreApplication::instance());
+    if (translator->load(QStringLiteral("qtbase_") + code, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(translator);
+    else
+        delete translator;
+}
+
 void startPlatform()
 {
     kq::initializeKqSystem(kq::InitGui, false);
@@ -228,6 +241,7 @@ int launch(int argc, char** argv)
     // Translated first: everything the start says from here on is in the user's language.
     auto translator = std::make_unique<QTranslator>();
     const QString languageCode = loadTranslation(*settings, *translator);
+    installQtTranslation(languageCode);
 
     ZelSettingsStart start(*settings);
     QString error;

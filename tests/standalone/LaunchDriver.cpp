@@ -8,7 +8,7 @@
 // window as small as the user may, "fits" reports "fits yes" when the window lies in the
 // screen's available area with every button inside it (or "fits " and why not). Every dialog and window
 // seen is reported on standard output as "seen TITLE" (a message box's text as
-// "says TEXT"), and the result of launch as
+// "says TEXT", its buttons as "buttons A|B"), and the result of launch as
 // "launch returned N".
 
 #include "ZelLaunch.h"
@@ -60,8 +60,14 @@ void answerNext()
     if (!seen.contains(target)) {
         seen.insert(target);
         report("seen " + target->windowTitle());
-        if (const auto* box = qobject_cast<QMessageBox*>(target))
+        if (const auto* box = qobject_cast<QMessageBox*>(target)) {
             report("says " + box->text().replace('\n', '|'));
+            QStringList buttons;
+            for (const QAbstractButton* button : box->buttons())
+                buttons << button->text().remove('&');
+            buttons.sort();
+            report("buttons " + buttons.join('|'));
+        }
         // Lets the window finish showing before it is answered.
         return;
     }
@@ -120,11 +126,18 @@ void answerNext()
             report("no child " + answer.mid(6));
             return;
         }
-        QTest::mouseClick(target->windowHandle(), Qt::LeftButton, {}, child->mapTo(target, child->rect().center()));
+        const QPoint at = child->mapTo(target, child->rect().center());
+        // Outside this timer's own call: a dialog the click opens is answered by its next
+        // turns, which Qt holds back while one is still running.
+        QTimer::singleShot(0, target, [window = target->windowHandle(), at] {
+            QTest::mouseClick(window, Qt::LeftButton, {}, at);
+        });
         return;
     }
-    const QKeySequence key(answer);
-    QTest::keyClick(target->windowHandle(), Qt::Key(key[0].key()));
+    const QKeyCombination key = QKeySequence(answer)[0];
+    QTimer::singleShot(0, target, [window = target->windowHandle(), key] {
+        QTest::keyClick(window, key.key(), key.keyboardModifiers());
+    });
 }
 
 void startAnswering()

@@ -113,6 +113,22 @@ private Q_SLOTS:
         QVERIFY(!unknown.output.contains("QGLShader"));
     }
 
+    // Qt's own texts too: the buttons of the question that closing after an edit asks.
+    void frenchEditorAsksInFrench()
+    {
+        writeSettings(firstStartFile().replace("language=en", "language=fr"));
+        QStringList answers {"wait:20", "Ctrl+F"};
+        for (const QChar key : QString("lodtrianglescap"))
+            answers << key;
+        // An edit, the question cancelled, the edit applied, closed.
+        answers << "Return" << "Up" << "click:closeButton" << "wait:3" << "Escape" << "wait:3" << "click:applyButton"
+                << "wait:3" << "click:closeButton";
+        const Run run = runDriver(answers);
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY2(run.output.contains("\nsays Vos modifications en cours seront perdues."), qPrintable(run.output));
+        QVERIFY2(run.output.contains("\nbuttons Annuler|OK\n"), qPrintable(run.output));
+    }
+
     void selectorChoosesByMouseOrArrowsAndCancelsByEscape()
     {
         const Run software = runDriver({"click:raytracerButton", "click:okButton"});
