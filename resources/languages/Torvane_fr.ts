@@ -129,7 +129,7 @@ Continuer et fermer l’application ?</translation>
     </message>
     <message>
         <source>No setting in sight matches. The %2 page shows &quot;%1&quot; only after another choice on that page.</source>
-        <translation>Aucun réglage affiché ne correspond. La page %2 n’affiche « %1 » qu’après un autre choix sur cette page.</translation>
+        <translation>Aucun réglage affiché ne correspond. La page %2 n’affiche « %1 » qu’après un autre choix sur cette page.</translation>
     </message>
 </context>
 <context>
@@ -140,7 +140,7 @@ Continuer et fermer l’application ?</translation>
     </message>
     <message>
         <source>The settings file &quot;%1&quot; could not be put back as it was: %2</source>
-        <translation>Le fichier de paramètres « %1 » n’a pas pu être remis dans son état d’origine : %2</translation>
+        <translation>Le fichier de paramètres « %1 » n’a pas pu être remis dans son état d’origine : %2</translation>
     </message>
     <message>
         <source>The display type you chose could not be saved. %1</source>
@@ -450,43 +450,43 @@ Vous pouvez choisir vous-même les paramètres les mieux adaptés à vos besoins
     <name>ZelSettingsFile</name>
     <message>
         <source>A copy of &quot;%1&quot; could not be kept as &quot;%2&quot;: %3</source>
-        <translation>Impossible de conserver une copie de « %1 » sous « %2 » : %3</translation>
+        <translation>Impossible de conserver une copie de « %1 » sous « %2 » : %3</translation>
     </message>
     <message>
         <source>A copy of &quot;%1&quot; could not be kept: too many copies beside it.</source>
-        <translation>Impossible de conserver une copie de « %1 » : trop de copies à côté.</translation>
+        <translation>Impossible de conserver une copie de « %1 » : trop de copies à côté.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; could not be read: %2</source>
-        <translation>Impossible de lire « %1 » : %2</translation>
+        <translation>Impossible de lire « %1 » : %2</translation>
     </message>
     <message>
         <source>&quot;%1&quot; could not be removed: %2</source>
-        <translation>Impossible de supprimer « %1 » : %2</translation>
+        <translation>Impossible de supprimer « %1 » : %2</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is a folder, not a settings file. Rename or move that folder so that the settings can be saved there.</source>
-        <translation>« %1 » est un dossier, pas un fichier de paramètres. Renommez ou déplacez ce dossier pour que les paramètres puissent y être enregistrés.</translation>
+        <translation>« %1 » est un dossier, pas un fichier de paramètres. Renommez ou déplacez ce dossier pour que les paramètres puissent y être enregistrés.</translation>
     </message>
     <message>
         <source>The folder &quot;%1&quot; does not exist.</source>
-        <translation>Le dossier « %1 » n’existe pas.</translation>
+        <translation>Le dossier « %1 » n’existe pas.</translation>
     </message>
     <message>
         <source>The settings file &quot;%1&quot; is read-only. Allow writing to it to save your settings.</source>
-        <translation>Le fichier de paramètres « %1 » est en lecture seule. Autorisez l’écriture pour enregistrer vos paramètres.</translation>
+        <translation>Le fichier de paramètres « %1 » est en lecture seule. Autorisez l’écriture pour enregistrer vos paramètres.</translation>
     </message>
     <message>
         <source>The settings folder &quot;%1&quot; is read-only. Allow writing to it to save your settings.</source>
-        <translation>Le dossier des paramètres « %1 » est en lecture seule. Autorisez l’écriture pour enregistrer vos paramètres.</translation>
+        <translation>Le dossier des paramètres « %1 » est en lecture seule. Autorisez l’écriture pour enregistrer vos paramètres.</translation>
     </message>
     <message>
         <source>The disk that holds &quot;%1&quot; is full. Free some space on it to save your settings.</source>
-        <translation>Le disque qui contient « %1 » est plein. Libérez-y de la place pour enregistrer vos paramètres.</translation>
+        <translation>Le disque qui contient « %1 » est plein. Libérez-y de la place pour enregistrer vos paramètres.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not a regular file, and only a regular file can hold the settings.</source>
-        <translation>« %1 » n’est pas un fichier ordinaire, et seul un fichier ordinaire peut contenir les paramètres.</translation>
+        <translation>« %1 » n’est pas un fichier ordinaire, et seul un fichier ordinaire peut contenir les paramètres.</translation>
     </message>
     <message>
         <source>Not a regular file</source>
@@ -494,15 +494,15 @@ Vous pouvez choisir vous-même les paramètres les mieux adaptés à vos besoins
     </message>
     <message>
         <source>&quot;%1&quot; is a link to &quot;%2&quot;, which does not exist. Restore that file, or remove the link, so that the settings can be saved.</source>
-        <translation>« %1 » est un lien vers « %2 », qui n’existe pas. Rétablissez ce fichier, ou supprimez le lien, pour que les paramètres puissent être enregistrés.</translation>
+        <translation>« %1 » est un lien vers « %2 », qui n’existe pas. Rétablissez ce fichier, ou supprimez le lien, pour que les paramètres puissent être enregistrés.</translation>
     </message>
     <message>
         <source>The settings folder &quot;%1&quot; cannot be made, because &quot;%2&quot; is a file. Rename or move that file so that the settings can be saved.</source>
-        <translation>Le dossier des paramètres « %1 » ne peut pas être créé, car « %2 » est un fichier. Renommez ou déplacez ce fichier pour que les paramètres puissent être enregistrés.</translation>
+        <translation>Le dossier des paramètres « %1 » ne peut pas être créé, car « %2 » est un fichier. Renommez ou déplacez ce fichier pour que les paramètres puissent être enregistrés.</translation>
     </message>
     <message>
         <source>The settings folder &quot;%1&quot; cannot be made, because &quot;%2&quot; is read-only. Allow writing to it to save your settings.</source>
-        <translation>Le dossier des paramètres « %1 » ne peut pas être créé, car « %2 » est en lecture seule. Autorisez l’écriture dans ce dossier pour enregistrer vos paramètres.</translation>
+        <translation>Le dossier des paramètres « %1 » ne peut pas être créé, car « %2 » est en lecture seule. Autorisez l’écriture dans ce dossier pour enregistrer vos paramètres.</translation>
     </message>
 </context>
 <context>
@@ -528,15 +528,15 @@ Vous pouvez choisir vous-même les paramètres les mieux adaptés à vos besoins
     </message>
     <message>
         <source>The settings file &quot;%1&quot; cannot be read (%2).</source>
-        <translation>Le fichier de paramètres « %1 » ne peut pas être lu (%2).</translation>
+        <translation>Le fichier de paramètres « %1 » ne peut pas être lu (%2).</translation>
     </message>
     <message>
         <source>The settings file &quot;%1&quot; could not be written.</source>
-        <translation>Le fichier de paramètres « %1 » n’a pas pu être écrit.</translation>
+        <translation>Le fichier de paramètres « %1 » n’a pas pu être écrit.</translation>
     </message>
     <message>
         <source>The file as it was is kept as &quot;%1&quot;.</source>
-        <translation>Le fichier tel qu’il était est conservé sous « %1 ».</translation>
+        <translation>Le fichier tel qu’il était est conservé sous « %1 ».</translation>
     </message>
     <message>
         <source>Your settings are open read-only: %1 (%2)
@@ -550,7 +550,7 @@ Chaque page montre les valeurs enregistrées, mais les modifications ne peuvent 
     </message>
     <message>
         <source>Your settings file came from an older version of Torvane that this one cannot read. It was set aside as &quot;%1&quot; and Torvane starts from its default settings, keeping your language.</source>
-        <translation>Votre fichier de paramètres venait d’une version plus ancienne de Torvane que celle-ci ne sait pas lire. Il a été mis de côté sous « %1 » et Torvane repart de ses paramètres par défaut, en gardant votre langue.</translation>
+        <translation>Votre fichier de paramètres venait d’une version plus ancienne de Torvane que celle-ci ne sait pas lire. Il a été mis de côté sous « %1 » et Torvane repart de ses paramètres par défaut, en gardant votre langue.</translation>
     </message>
     <message>
         <source>This settings file comes from an older version of Torvane. It is shown as it is; it will be upgraded at a start that can write it.</source>
@@ -578,18 +578,18 @@ Chaque page montre les valeurs enregistrées, mais les modifications ne peuvent 
     </message>
     <message>
         <source>• %1: &quot;%2&quot; → &quot;%3&quot;</source>
-        <translation>• %1 : « %2 » → « %3 »</translation>
+        <translation>• %1 : « %2 » → « %3 »</translation>
     </message>
 </context>
 <context>
     <name>ZelSettingsWatch</name>
     <message>
         <source>The settings file &quot;%1&quot; could not be written.</source>
-        <translation>Le fichier de paramètres « %1 » n’a pas pu être écrit.</translation>
+        <translation>Le fichier de paramètres « %1 » n’a pas pu être écrit.</translation>
     </message>
     <message>
         <source>The settings file &quot;%1&quot; could not be written (%2).</source>
-        <translation>Le fichier de paramètres « %1 » n’a pas pu être écrit (%2).</translation>
+        <translation>Le fichier de paramètres « %1 » n’a pas pu être écrit (%2).</translation>
     </message>
 </context>
 <context>
@@ -660,7 +660,7 @@ Elles sont toujours sur les pages : appuyez de nouveau sur Appliquer une fois le
     </message>
     <message>
         <source>%1 is now &quot;%2&quot;</source>
-        <translation>%1 vaut maintenant « %2 »</translation>
+        <translation>%1 vaut maintenant « %2 »</translation>
     </message>
     <message>
         <source>%1 was removed</source>
@@ -676,7 +676,7 @@ Elles sont toujours sur les pages : appuyez de nouveau sur Appliquer une fois le
     </message>
     <message>
         <source>%1 was &quot;%2&quot;</source>
-        <translation>%1 valait « %2 »</translation>
+        <translation>%1 valait « %2 »</translation>
     </message>
     <message>
         <source>Your values replaced what another program had stored: %1.</source>
@@ -696,7 +696,7 @@ Elles sont toujours sur les pages : appuyez de nouveau sur Appliquer une fois le
     </message>
     <message>
         <source>%1 was removed, so its default &quot;%2&quot; applies</source>
-        <translation>%1 a été supprimé : sa valeur par défaut « %2 » s’applique</translation>
+        <translation>%1 a été supprimé : sa valeur par défaut « %2 » s’applique</translation>
     </message>
     <message>
         <source>Your changes are saved.</source>
