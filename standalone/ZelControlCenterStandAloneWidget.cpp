@@ -117,13 +117,15 @@ void ZelControlCenterStandAloneWidget::keepLeastSizeOnScreen()
         return;
     const QRect available = screen->availableGeometry();
     const int excess = frameGeometry().width() - width() + minimumWidth() - available.width();
-    if (excess <= 0 || m_drawerLeastWidth <= DrawerLeastWidth)
-        return;
-    m_drawerLeastWidth = std::max(m_drawerLeastWidth - excess, DrawerLeastWidth);
-    m_drawerLeastWidth = DrawerMinimumWidth;
-    m_controlCenter->setSettingsWidthRange(m_drawerLeastWidth, QWIDGETSIZE_MAX);
-    QCoreApplication::sendPostedEvents(this, QEvent::LayoutRequest);
-    fitToScreen();
+    if (excess > 0 && m_drawerLeastWidth > DrawerLeastWidth) {
+        m_drawerLeastWidth = std::max(m_drawerLeastWidth - excess, DrawerLeastWidth);
+        m_controlCenter->setSettingsWidthRange(m_drawerLeastWidth, QWIDGETSIZE_MAX);
+    }
+    // Grown to a least size the screen could not hold, the window comes back within it
+    // once the drawer has given way.
+    const QSize frame = frameGeometry().size();
+    if (frame.width() > available.width() || frame.height() > available.height())
+        fitToScreen();
 }
 
 bool ZelControlCenterStandAloneWidget::event(QEvent* event)
@@ -150,6 +152,7 @@ void ZelControlCenterStandAloneWidget::buildControlCenter()
     m_ui->contentLayout->insertWidget(1, m_controlCenter->settingsWidget());
     // The settings column takes what the window gains; the logo beside it keeps its place
     // and is the first to go when the window is small.
+    m_drawerLeastWidth = DrawerMinimumWidth;
     m_controlCenter->setSettingsWidthRange(m_drawerLeastWidth, QWIDGETSIZE_MAX);
     m_ui->contentLayout->setStretch(1, 4);
     m_ui->contentLayout->setStretch(2, 1);
