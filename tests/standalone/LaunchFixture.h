@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QStringList>
 #include <QTest>
@@ -91,6 +92,15 @@ protected:
     QString settingsFolder() const { return m_home.configPath() + "/TorvaneBoundlessX64"; }
     QString settingsFile() const { return settingsFolder() + "/Settings.ini"; }
     QString stored(const QString& key) const { return iniValues(settingsFile()).value(key).toString(); }
+
+    // Before each test: a home without settings, as a new account has.
+    bool noSettingsYet() const
+    {
+        QFile::setPermissions(settingsFolder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        QFile::remove(settingsFolder()); // a file some test put in the folder's place
+        QDir(settingsFolder()).removeRecursively();
+        return m_home.isValid() && !QFileInfo::exists(settingsFolder());
+    }
 
     void writeSettings(const QByteArray& text)
     {

@@ -17,12 +17,7 @@ class tst_launch : public QObject, private LaunchFixture
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        QVERIFY(m_home.isValid());
-        QFile::setPermissions(settingsFolder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        QDir(settingsFolder()).removeRecursively();
-    }
+    void init() { QVERIFY(noSettingsYet()); }
 
     void unversionedFileIsSetAsideWithACopy_data()
     {

@@ -15,12 +15,7 @@ class tst_startup : public QObject, private LaunchFixture
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        QVERIFY(m_home.isValid());
-        QFile::setPermissions(settingsFolder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        QDir(settingsFolder()).removeRecursively();
-    }
+    void init() { QVERIFY(noSettingsYet()); }
 
     void hostPrintsHelpAndVersionWithoutWindow()
     {
