@@ -121,8 +121,12 @@ void ZelControlCenterStandAloneWidget::keepLeastSizeOnScreen()
         m_drawerLeastWidth = std::max(m_drawerLeastWidth - excess, DrawerLeastWidth);
         m_controlCenter->setSettingsWidthRange(m_drawerLeastWidth, QWIDGETSIZE_MAX);
     }
+    // A long notice gives way too, to as little as one line that scrolls.
+    const int tooTall = frameGeometry().height() - height() + minimumHeight() - available.height();
+    if (tooTall > 0 && m_notice && m_notice->isVisible())
+        m_notice->limitHeight(m_notice->height() - tooTall);
     // Grown to a least size the screen could not hold, the window comes back within it
-    // once the drawer has given way.
+    // once the drawer and the notice have given way.
     const QSize frame = frameGeometry().size();
     if (frame.width() > available.width() || frame.height() > available.height())
         fitToScreen();

@@ -64,11 +64,23 @@ void ZelSettingsNotice::showNewest()
     m_ui->noticeText->verticalScrollBar()->setValue(int(block.top()));
 }
 
+void ZelSettingsNotice::limitHeight(int pixels)
+{
+    m_heightLimit = pixels;
+    fitHeight();
+}
+
 void ZelSettingsNotice::fitHeight()
 {
     QTextEdit* text = m_ui->noticeText;
     const int content = int(std::ceil(text->document()->size().height()));
-    const int most = MostShownLines * text->fontMetrics().lineSpacing();
+    const int line = text->fontMetrics().lineSpacing();
+    int most = MostShownLines * line;
+    if (m_heightLimit > 0) {
+        const int around = height() - text->height() + 2 * text->frameWidth();
+        // Whole lines, so that none shows cut in half.
+        most = std::clamp((m_heightLimit - around) / line * line, line, most);
+    }
     text->setFixedHeight(std::min(content, most) + 2 * text->frameWidth());
 }
 

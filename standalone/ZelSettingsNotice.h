@@ -26,6 +26,9 @@ public:
 
     // Adds `message` below the ones still shown and shows the bar.
     void addMessage(const QString& message);
+    // Keeps the bar at most `pixels` tall, down to one line of text, where the screen
+    // has no room for more: the rest scrolls.
+    void limitHeight(int pixels);
 
 Q_SIGNALS:
     void closed();
@@ -44,6 +47,8 @@ private:
     bool m_showNewest = true;
     // Where the newest message begins in the text.
     int m_newestStart = 0;
+    // The tallest the bar may be; none while 0.
+    int m_heightLimit = 0;
 };
 
 } // namespace zel

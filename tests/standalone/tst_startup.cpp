@@ -60,6 +60,8 @@ private Q_SLOTS:
         QTest::newRow("1280 x 900, scale 2") << QByteArray("2") << QSize(1280, 900);
         // Too narrow for the menu column and the drawer's usual least width side by side.
         QTest::newRow("1100 x 1400, scale 2") << QByteArray("2") << QSize(1100, 1400);
+        // 512 x 360: room for the menu column, not for the notice of the keys added at start.
+        QTest::newRow("1280 x 900, scale 2.5") << QByteArray("2.5") << QSize(1280, 900);
     }
 
     void windowFitsTheScreen()
