@@ -66,7 +66,8 @@ void ZelSettingsNotice::showNewest()
 
 void ZelSettingsNotice::limitHeight(int pixels)
 {
-    m_heightLimit = pixels;
+    // Less room than the bar's own margins still leaves it one line.
+    m_heightLimit = std::max(pixels, 1);
     fitHeight();
 }
 
